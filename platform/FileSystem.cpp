@@ -1,0 +1,113 @@
+#include "platform/FileSystem.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+namespace platform {
+
+QString PathSeparator()
+{
+#ifdef Q_OS_WIN
+    return QStringLiteral("\\");
+#else
+    return QStringLiteral("/");
+#endif
+}
+
+QString ResolvePath(const QString &path)
+{
+    QString normal = path;
+    normal.replace(u'\\', u'/');
+    if (normal.isEmpty() || QFileInfo::exists(normal))
+        return normal;
+
+    const bool absolute = normal.startsWith(u'/');
+    const QStringList parts = normal.split(u'/', Qt::SkipEmptyParts);
+    QString current = absolute ? QStringLiteral("/") : QString();
+    for (qsizetype i = 0; i < parts.size(); ++i) {
+        const QString &part = parts.at(i);
+        const QString base = current.isEmpty() ? QStringLiteral(".") : current;
+        QString found;
+        if (part == u"." || part == u".." || QFileInfo::exists(base + u'/' + part)) {
+            found = part;
+        } else {
+            const QStringList entries =
+                QDir(base).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+            for (const QString &entry : entries) {
+                if (entry.compare(part, Qt::CaseInsensitive) == 0) {
+                    found = entry;
+                    break;
+                }
+            }
+        }
+        if (found.isEmpty()) {
+            // Nothing matches: keep the rest as written so messages name the file asked for.
+            QStringList rest = parts.mid(i);
+            return (current.isEmpty() || current.endsWith(u'/') ? current : current + u'/') +
+                   rest.join(u'/') + (normal.endsWith(u'/') ? QStringLiteral("/") : QString());
+        }
+        if (!current.isEmpty() && !current.endsWith(u'/'))
+            current += u'/';
+        current += found;
+    }
+    if (normal.endsWith(u'/') && !current.endsWith(u'/'))
+        current += u'/';
+    return current;
+}
+
+bool FileExists(const QString &path)
+{
+    const QFileInfo info(ResolvePath(path));
+    return info.exists() && info.isFile();
+}
+
+bool FolderExists(const QString &path)
+{
+    return QFileInfo(ResolvePath(path)).isDir();
+}
+
+std::optional<QByteArray> ReadFileBytes(const QString &path)
+{
+    QFile file(ResolvePath(path));
+    if (!QFileInfo(file.fileName()).isFile() || !file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    return file.readAll();
+}
+
+std::optional<TextFileContent> ReadTextLines(const QString &path)
+{
+    const std::optional<QByteArray> bytes = ReadFileBytes(path);
+    if (!bytes)
+        return std::nullopt;
+    DecodedText decoded = DecodeText(*bytes);
+    return TextFileContent{SplitLines(decoded.text), decoded.encoding};
+}
+
+QString WriteFileAtomically(const QString &path, const QByteArray &bytes)
+{
+    QSaveFile file(ResolvePath(path));
+    if (!file.open(QIODevice::WriteOnly))
+        return file.errorString();
+    if (file.write(bytes) != bytes.size()) {
+        const QString reason = file.errorString();
+        file.cancelWriting();
+        return reason;
+    }
+    if (!file.commit())
+        return file.errorString();
+    return QString();
+}
+
+QByteArray JoinLinesCrLf(const QStringList &lines, TextEncoding encoding)
+{
+    QString text;
+    for (const QString &line : lines) {
+        text += line;
+        text += QStringLiteral("\r\n");
+    }
+    return EncodeText(text, encoding);
+}
+
+} // namespace platform

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/TextCodec.h"
+
+#include <QByteArray>
+#include <QString>
+#include <optional>
+
+// File access for the program folder. Names in the folder match without regard to case on every
+// platform, and "\" separates folders as well as "/", because settings files and data written on
+// Windows name paths that way.
+namespace platform {
+
+// The separator the program puts between a folder and a name.
+QString PathSeparator();
+
+// Turns "\" into "/" and finds each component of the path case-blind. When a component does not
+// exist in any case the rest is returned as given, so the path still names the missing file.
+QString ResolvePath(const QString &path);
+
+bool FileExists(const QString &path);
+bool FolderExists(const QString &path);
+
+// Whole file, or nothing when it cannot be opened.
+std::optional<QByteArray> ReadFileBytes(const QString &path);
+
+struct TextFileContent
+{
+    QStringList lines;
+    TextEncoding encoding = TextEncoding::Utf8;
+};
+std::optional<TextFileContent> ReadTextLines(const QString &path);
+
+// Writes through a temporary file renamed over the old one: a failure leaves the old file whole.
+// Returns an empty string on success, else the reason.
+QString WriteFileAtomically(const QString &path, const QByteArray &bytes);
+
+// Lines joined with CR LF (a final CR LF after the last line), in the given encoding.
+QByteArray JoinLinesCrLf(const QStringList &lines, TextEncoding encoding);
+
+} // namespace platform

@@ -1,0 +1,62 @@
+#include "platform/MsgBox.h"
+
+#include <cstdio>
+
+namespace platform {
+
+namespace {
+MsgBoxHandler &handlerSlot()
+{
+    static MsgBoxHandler handler;
+    return handler;
+}
+} // namespace
+
+QString AppTitle()
+{
+    return QStringLiteral("Quillstone Bible System");
+}
+
+int DefaultAnswer(int buttons)
+{
+    switch (buttons & 7) {
+    case vb::vbOKCancel:
+        return vb::vbOK;
+    case vb::vbAbortRetryIgnore:
+        return vb::vbAbort;
+    case vb::vbYesNoCancel:
+    case vb::vbYesNo:
+        return vb::vbYes;
+    case vb::vbRetryCancel:
+        return vb::vbRetry;
+    default:
+        return vb::vbOK;
+    }
+}
+
+int MsgBox(const QString &prompt, int buttons, const QString &title)
+{
+    const QString shownTitle = title.isEmpty() ? AppTitle() : title;
+    if (const MsgBoxHandler &handler = handlerSlot())
+        return handler(prompt, buttons, shownTitle);
+    QString text = prompt;
+    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    std::fprintf(stderr, "%s\n", text.toLocal8Bit().constData());
+    std::fflush(stderr);
+    return DefaultAnswer(buttons);
+}
+
+MsgBoxHandler setMsgBoxHandler(MsgBoxHandler handler)
+{
+    MsgBoxHandler old = std::move(handlerSlot());
+    handlerSlot() = std::move(handler);
+    return old;
+}
+
+QString ErrText(int number, const QString &description)
+{
+    return QStringLiteral("Err #") + QString::number(number) + QStringLiteral(" ocurred(") +
+           description + QLatin1Char(')');
+}
+
+} // namespace platform

@@ -1,0 +1,99 @@
+#include "scripture/QuickSearch.h"
+
+#include "platform/MsgBox.h"
+#include "platform/VbError.h"
+#include "scripture/BookScan.h"
+#include "scripture/basStrings.h"
+#include "scripture/clsBible.h"
+#include "scripture/clsSeparation.h"
+
+#include <new>
+
+QuickSearch::Result QuickSearch::run(const clsBible &store, const QString &query, bool wholeWord,
+                                     int limit)
+{
+    Result result;
+    const QString trimmed = basStrings::TrimBlanks(query).toString();
+    if (trimmed.isEmpty())
+        return result;
+
+    auto setTitle = [&](const QString &title) {
+        result.title = title;
+        if (onTitle)
+            onTitle(title);
+    };
+
+    // Keywords: the upper-cased query split at each single blank; runs of blanks leave empty
+    // keywords, which every line holds.
+    clsSeparation splitter;
+    splitter.setDelimiter(QStringLiteral(" "));
+    splitter.setText(basStrings::UpperCase(trimmed));
+    const QStringList keywords = splitter.items();
+
+    setTitle(QString());
+    const int books = store.BooksCount();
+    try {
+        BookScan scan;
+        scan.beforeBook = [&](int b) {
+            setTitle(QStringLiteral("Searching: ") + store.BookName(b) + QStringLiteral("..."));
+            if (onProgress)
+                onProgress(b, books);
+            return true;
+        };
+        scan.onLine = [&](const BookScan::Line &line) {
+            bool match = true;
+            for (const QString &keyword : keywords) {
+                const bool found = wholeWord ? WholeWordMatch(line.upper, keyword)
+                                             : line.upper.contains(keyword);
+                if (!found) {
+                    match = false;
+                    break;
+                }
+            }
+            if (match) {
+                if (result.matchCount == 32767)
+                    throw VbError::overflow();
+                ++result.matchCount;
+                result.results.append(store.BookName(line.book) + u' ' + line.chapter + u':' +
+                                      line.text + QStringLiteral("\r\n\r\n"));
+            }
+            return result.matchCount > limit ? BookScan::Next::Book : BookScan::Next::Line;
+        };
+        scan.afterBook = [&](int) {
+            if (result.matchCount <= limit)
+                return true;
+            platform::MsgBox(QStringLiteral("There were over a ") + QString::number(limit) +
+                                 QStringLiteral(" results for your search,\r\n") +
+                                 QStringLiteral("please narrow it down or use the advanced search feature!"),
+                             vb::vbCritical | vb::vbOKOnly);
+            setTitle(QStringLiteral("First ") + QString::number(limit) + QStringLiteral(" results."));
+            return false;
+        };
+        scan.run(store);
+    } catch (const std::bad_alloc &) {
+        result.outcome = Outcome::TooMany;
+        result.results.clear();
+        platform::MsgBox(
+            QStringLiteral("There were too many results to List!!!  Try to modify your search query"));
+        setTitle(QString::number(result.matchCount) + QStringLiteral("+ matches were found"));
+        return result;
+    } catch (const VbError &error) {
+        result.outcome = Outcome::Failed;
+        result.results.clear();
+        platform::MsgBox(platform::ErrText(error.number, error.description));
+        return result;
+    }
+
+    if (result.matchCount > limit) {
+        result.outcome = Outcome::OverLimit;
+    } else if (result.matchCount < limit) {
+        // The query is quoted as typed, blanks and case kept.
+        result.outcome = Outcome::UnderLimit;
+        setTitle(QStringLiteral("Search results for \"") + query + QStringLiteral("\" (") +
+                 QString::number(result.matchCount) + QStringLiteral(" matches)"));
+    } else {
+        // Exactly as many results as the limit: the title keeps showing the last book searched.
+        result.outcome = Outcome::AtLimit;
+    }
+    return result;
+}

@@ -1,0 +1,42 @@
+#include "scripture/TranslationList.h"
+
+#include "platform/FileSystem.h"
+#include "scripture/basStrings.h"
+
+#include <QDir>
+#include <algorithm>
+
+namespace TranslationList {
+
+Header ReadHeader(const QString &translationFolder)
+{
+    Header header;
+    const std::optional<platform::TextFileContent> file =
+        platform::ReadTextLines(basStrings::JoinPath(translationFolder, QStringLiteral("bible.dat")));
+    if (!file)
+        return header;
+    header.found = true;
+    header.name = file->lines.value(0);
+    header.firstTestament = file->lines.value(1);
+    header.secondTestament = file->lines.value(2);
+    return header;
+}
+
+QList<InstalledTranslation> List(const QString &programFolder)
+{
+    QDir dir(platform::ResolvePath(programFolder));
+    QStringList folders = dir.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    // Listed in name order whatever the file system returns, as users saw them on Windows.
+    std::sort(folders.begin(), folders.end(), [](const QString &a, const QString &b) {
+        return a.compare(b, Qt::CaseInsensitive) < 0;
+    });
+    QList<InstalledTranslation> list;
+    for (const QString &folder : std::as_const(folders)) {
+        const Header header = ReadHeader(dir.filePath(folder));
+        if (header.found)
+            list.append({folder, header.name});
+    }
+    return list;
+}
+
+} // namespace TranslationList

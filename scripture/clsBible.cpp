@@ -1,0 +1,272 @@
+#include "scripture/clsBible.h"
+
+#include "platform/FileSystem.h"
+#include "platform/MsgBox.h"
+#include "platform/VbError.h"
+#include "scripture/BookFiles.h"
+#include "scripture/BookMap.h"
+#include "scripture/ReferenceParser.h"
+#include "scripture/basStrings.h"
+#include "scripture/clsSeparation.h"
+
+#include <QList>
+
+namespace {
+
+bool isMarker(QStringView line)
+{
+    return line.left(7).trimmed().compare(u"CHAPTER", Qt::CaseInsensitive) == 0;
+}
+
+// Whether a line, trimmed and upper-cased, is "CHAPTER " followed by the number.
+bool isMarkerOf(QStringView line, const QString &number)
+{
+    const QStringView t = basStrings::TrimBlanks(line);
+    return t.size() == 8 + number.size() && t.startsWith(u"CHAPTER ", Qt::CaseInsensitive) &&
+           t.mid(8) == number;
+}
+
+struct Part
+{
+    QString text;
+    bool heading = false;
+    int chapter = 0;
+};
+
+} // namespace
+
+void clsBible::setVersionPath(const QString &path)
+{
+    QString folder = path;
+    if (!folder.endsWith(u'\\') && !folder.endsWith(u'/'))
+        folder += platform::PathSeparator();
+    m_versionPath = folder;
+    m_testamentFolders[0] = folder + QStringLiteral("oldtest") + platform::PathSeparator();
+    m_testamentFolders[1] = folder + QStringLiteral("newtest") + platform::PathSeparator();
+
+    m_lastReadFailed = false;
+    int row = 0;
+    if (!loadMap(0, row))
+        return;
+    m_oldTestamentCount = row;
+    if (!loadMap(1, row))
+        return;
+    m_newTestamentCount = row - m_oldTestamentCount;
+    m_booksCount = m_oldTestamentCount + m_newTestamentCount;
+}
+
+bool clsBible::loadMap(int testament, int &row)
+{
+    const QString mapPath = m_testamentFolders[testament] + QStringLiteral("map.dat");
+    const std::optional<platform::TextFileContent> map = platform::ReadTextLines(mapPath);
+    if (!map) {
+        m_lastReadFailed = true;
+        platform::MsgBox(mapPath + QStringLiteral(" is missing or is corrupt"), vb::vbOKOnly);
+        return false;
+    }
+    for (const QString &line : map->lines) {
+        if (BookMap::IsBlank(line))
+            continue;
+        VbError error;
+        std::optional<BookMap::Entry> entry = BookMap::Parse(line, &error);
+        if (entry && row >= MaxBooks)
+            error = VbError::subscriptOutOfRange();
+        if (!entry || row >= MaxBooks) {
+            m_lastReadFailed = true;
+            platform::MsgBox(platform::ErrText(error.number, error.description), vb::vbOKOnly);
+            return false;
+        }
+        m_books[row].name = entry->name;
+        m_books[row].chapters = entry->chapters;
+        ++row;
+    }
+    return true;
+}
+
+QString clsBible::BookName(int number) const
+{
+    number = std::clamp(number, 1, std::clamp(m_booksCount, 1, MaxBooks));
+    return m_books[number - 1].name.trimmed();
+}
+
+int clsBible::Chapters(int number) const
+{
+    number = std::clamp(number, 1, std::clamp(m_booksCount, 1, MaxBooks));
+    return m_books[number - 1].chapters;
+}
+
+QString clsBible::BookFilePath(int number) const
+{
+    const int testament = number > m_oldTestamentCount ? 1 : 0;
+    return m_testamentFolders[testament] + BookName(number) + QStringLiteral(".dat");
+}
+
+bool clsBible::lookUpBook(QString &name)
+{
+    name = ReferenceParser::ExpandAbbreviation(
+        basStrings::UpperCase(basStrings::TrimBlanks(name).toString()));
+    // An empty name would match the first book by prefix; nobody means that.
+    if (!name.isEmpty()) {
+        const int count = std::clamp(m_booksCount, 0, MaxBooks);
+        for (int i = 1; i <= count; ++i) {
+            const QString full = basStrings::UpperCase(m_books[i - 1].name.trimmed());
+            if (full.startsWith(name)) {
+                name = full;
+                m_bookNumber = i;
+                m_testament = i > m_oldTestamentCount ? 1 : 0;
+                return true;
+            }
+        }
+    }
+    m_testament = NotFound;
+    return false;
+}
+
+QString clsBible::passage(QString book, int chapterFrom, int verseFrom, int chapterTo, int verseTo)
+{
+    // 1. Find the book; an unknown one changes nothing but the testament.
+    if (!lookUpBook(book))
+        return QString();
+
+    // 2. Forget the last passage's numbers.
+    m_chapterFrom = m_chapterTo = m_verseFrom = m_verseTo = 0;
+
+    // 3. Order the chapters.
+    if (chapterTo == 0)
+        chapterTo = chapterFrom;
+    if (chapterTo < chapterFrom)
+        std::swap(chapterFrom, chapterTo);
+
+    // 4. A chapter past the end of the book means the last chapter.
+    const int last = Chapters(m_bookNumber);
+    if (chapterFrom > last)
+        chapterFrom = chapterTo = last;
+    if (chapterTo > last)
+        chapterTo = last;
+
+    // 5. Read the chapters, markers becoming headings when in-text references are on.
+    const QString path = m_testamentFolders[m_testament] + book + QStringLiteral(".dat");
+    const std::shared_ptr<const BookFiles::Content> file = BookFiles::lines(path);
+    if (!file) {
+        m_lastReadFailed = true;
+        platform::MsgBox(platform::ErrText(53, VbError::fileNotFound(platform::ResolvePath(path)).description));
+        return QString();
+    }
+    m_lastReadFailed = false;
+    const QString fromNumber = QString::number(chapterFrom);
+    const QString stopNumber = QString::number(chapterTo + 1);
+    QList<Part> parts;
+    bool inside = false;
+    int chapter = 0;
+    for (const QString &line : file->lines) {
+        if (inside && isMarkerOf(line, stopNumber))
+            break;
+        if (!inside && isMarkerOf(line, fromNumber))
+            inside = true;
+        if (!inside)
+            continue;
+        if (isMarker(line)) {
+            chapter = basStrings::LeadingNumber(QStringView(line).mid(7));
+            if (m_inTextReference)
+                parts.append({book + u' ' + QString::number(chapter), true, chapter});
+            continue;
+        }
+        parts.append({line, false, chapter});
+    }
+    if (!inside)
+        return QString();
+
+    // 6. The book and chapters of this passage.
+    m_currentBook = book;
+    m_chapterFrom = chapterFrom;
+    m_chapterTo = chapterTo;
+
+    // 7. Whole chapters, or the verses asked for.
+    if (verseFrom == 0 && verseTo == 0) {
+        QString text;
+        for (const Part &part : std::as_const(parts))
+            text += part.text + m_separator;
+        return text;
+    }
+    if (verseFrom == 0)
+        verseFrom = 1;
+    if (verseTo == 0 && chapterFrom == chapterTo)
+        verseTo = verseFrom;
+
+    // 8. The first verse line that begins with the digits of the first verse.
+    const QString fromDigits = QString::number(verseFrom);
+    qsizetype start = -1;
+    for (qsizetype i = 0; i < parts.size(); ++i) {
+        if (!parts.at(i).heading && parts.at(i).text.startsWith(fromDigits)) {
+            start = i;
+            break;
+        }
+    }
+    if (start < 0)
+        return QString();
+
+    // 9. Verses up to and including the last one; in a passage across chapters the last verse
+    // only counts once its chapter has begun. Running off the end keeps the empty piece after the
+    // final line break, as splitting the text at its separator does.
+    parts.append({QString(), false, chapterTo});
+    bool inLastChapter = chapterFrom == chapterTo;
+    QString text;
+    for (qsizetype i = start; i < parts.size(); ++i) {
+        const Part &part = parts.at(i);
+        text += part.text + m_separator;
+        if (part.chapter == chapterTo)
+            inLastChapter = true;
+        if (part.heading)
+            continue;
+        if (verseTo != 0 && inLastChapter && basStrings::LeadingNumber(part.text) == verseTo)
+            break;
+    }
+
+    // 10. The verses and the end of the passage; the heading goes in front when asked for.
+    m_verseFrom = verseFrom;
+    m_chapterTo = chapterTo;
+    m_verseTo = verseTo;
+    if (m_inTextReference)
+        return book + u' ' + QString::number(chapterFrom) + QStringLiteral(" \r\n") + text;
+    return text;
+}
+
+QString clsBible::Standard() const
+{
+    QString s = m_currentBook + u' ' + QString::number(m_chapterFrom);
+    if (m_verseFrom != 0)
+        s += u':' + QString::number(m_verseFrom);
+    if (m_chapterTo != 0 && m_chapterTo != m_chapterFrom) {
+        s += u'-' + QString::number(m_chapterTo);
+        if (m_verseTo != 0)
+            s += u':' + QString::number(m_verseTo);
+    } else if (m_verseTo != m_verseFrom) {
+        s += u'-' + QString::number(m_verseTo);
+    }
+    return s;
+}
+
+QString clsBible::parseOne(const QString &reference)
+{
+    const ReferenceParser::Reference ref = ReferenceParser::Parse(reference);
+    return passage(ref.book, ref.chapterFrom, ref.verseFrom, ref.chapterTo, ref.verseTo);
+}
+
+QString clsBible::Passagebystandard(const QString &references)
+{
+    clsSeparation list;
+    list.setDelimiter(QStringLiteral(","));
+    list.setText(references);
+    QString text;
+    for (const QString &item : list.items()) {
+        // A trailing or doubled comma leaves an empty item; it names nothing.
+        if (basStrings::TrimBlanks(item).isEmpty())
+            continue;
+        // "John 3:16,18": an item that starts with a digit continues the last passage's book.
+        if (basStrings::IsDigit(item.at(0)))
+            text += parseOne(m_currentBook + u' ' + item);
+        else
+            text += parseOne(item);
+    }
+    return text;
+}

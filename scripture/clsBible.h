@@ -1,0 +1,90 @@
+#pragma once
+
+#include <QString>
+#include <array>
+
+// The one object through which the program reads scripture: a translation folder (or a commentary
+// or notes folder in the same layout), its table of books from the two book maps, the last passage
+// fetched, and the two output settings that shape passage text.
+class clsBible
+{
+public:
+    static constexpr int MaxBooks = 100;
+    static constexpr int NotFound = 5;
+
+    // The translation folder, always ending in a separator. Setting it loads both book maps.
+    QString VersionPath() const { return m_versionPath; }
+    void setVersionPath(const QString &path);
+
+    bool InTextReference() const { return m_inTextReference; }
+    void setInTextReference(bool on) { m_inTextReference = on; }
+
+    int OldTestamentCount() const { return m_oldTestamentCount; }
+    int NewTestamentCount() const { return m_newTestamentCount; }
+    int BooksCount() const { return m_booksCount; }
+
+    QString Separator() const { return m_separator; }
+    void setSeparator(const QString &separator) { m_separator = separator; }
+
+    QString VersionInitial() const { return m_versionInitial; }
+    void setVersionInitial(const QString &initial) { m_versionInitial = initial; }
+
+    // 0 first testament, 1 second, 5 when the last book asked for was not found.
+    int Testament() const { return m_testament; }
+    int BookNumber() const { return m_bookNumber; }
+    QString CurrentBook() const { return m_currentBook; }
+    int CurrentChapter() const { return m_chapterFrom; }
+
+    // The trimmed name of a book; the number is clamped to 1..BooksCount.
+    QString BookName(int number) const;
+    // The chapter count of a book, clamped the same way.
+    int Chapters(int number) const;
+
+    // The last passage as a reference: JOHN 3:16, JOHN 3:16-18, JOHN 3-4, JOHN 3:16-4:2.
+    QString Standard() const;
+
+    // The text of a list of references separated by ",".
+    QString Passagebystandard(const QString &references);
+
+    // The text of a passage; verse 0 means the whole chapter, chapterTo 0 the same chapter.
+    QString passage(QString book, int chapterFrom, int verseFrom = 0, int chapterTo = 0,
+                    int verseTo = 0);
+
+    // The testament folders: index 0 the first testament, 1 the second, each ending in a separator.
+    QString TestamentFolder(int index) const { return m_testamentFolders[index & 1]; }
+
+    // The book file of a book number, as the searches open it.
+    QString BookFilePath(int number) const;
+
+    // Whether the last map load or passage read failed (the user has been told).
+    bool LastReadFailed() const { return m_lastReadFailed; }
+
+private:
+    struct BookRecord
+    {
+        QString name; // fixed 30 characters, as the map gives it
+        int chapters = 0;
+    };
+
+    bool lookUpBook(QString &name);
+    bool loadMap(int testament, int &row);
+    QString parseOne(const QString &reference);
+
+    QString m_versionPath;
+    std::array<QString, 2> m_testamentFolders;
+    QString m_versionInitial;
+    int m_testament = NotFound;
+    QString m_currentBook;
+    int m_chapterFrom = 0;
+    int m_chapterTo = 0;
+    int m_bookNumber = 0;
+    int m_verseFrom = 0;
+    int m_verseTo = 0;
+    QString m_separator = QStringLiteral("\r\n");
+    bool m_inTextReference = true;
+    int m_oldTestamentCount = 39;
+    int m_newTestamentCount = 27;
+    int m_booksCount = 66;
+    std::array<BookRecord, MaxBooks> m_books;
+    bool m_lastReadFailed = false;
+};

@@ -1,0 +1,203 @@
+// The Bible text store and the reference parser, driven the way the window and the command line
+// drive them, on small translation folders made for each test.
+#include "../support/TranslationFixture.h"
+#include "platform/MsgBox.h"
+#include "scripture/clsBible.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace fixture;
+
+class TestBible : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_dir;
+    QString m_bible;
+    QStringList m_messages;
+
+    static QString verses(const QString &book, int chapter, int from, int to)
+    {
+        QString s;
+        for (int v = from; v <= to; ++v)
+            s += QStringLiteral("%1 Text of %2 %3:%4\r\n").arg(v).arg(book).arg(chapter).arg(v);
+        return s;
+    }
+
+private slots:
+    void initTestCase()
+    {
+        platform::setMsgBoxHandler([this](const QString &prompt, int, const QString &) {
+            m_messages << prompt;
+            return 1;
+        });
+        QList<Book> special = {
+            {QStringLiteral("Genesis"), false, chapters(QStringLiteral("Genesis"), {31, 25, 24, 26, 32})},
+            {QStringLiteral("Judges"), false, chapters(QStringLiteral("Judges"), {36, 23})},
+            {QStringLiteral("John"), false, chapters(QStringLiteral("John"), {51, 25, 36, 54})},
+            {QStringLiteral("1John"), false, chapters(QStringLiteral("1John"), {10, 29, 24, 21, 21})},
+        };
+        // A lower-case marker must still be found.
+        special[2].lines.replace(special[2].lines.indexOf(QStringLiteral("CHAPTER 3")),
+                                 QStringLiteral("chapter 3"));
+        m_bible = makeTranslation(m_dir.path(), QStringLiteral("TEST"), wholeBible(special));
+    }
+
+    void cleanupTestCase() { platform::setMsgBoxHandler({}); }
+
+    void counts()
+    {
+        clsBible bible;
+        bible.setVersionPath(m_bible);
+        QVERIFY(bible.VersionPath().endsWith(u'/'));
+        QCOMPARE(bible.OldTestamentCount(), 39);
+        QCOMPARE(bible.NewTestamentCount(), 27);
+        QCOMPARE(bible.BooksCount(), 66);
+        QCOMPARE(bible.BookName(40), QStringLiteral("Matthew"));
+        QCOMPARE(bible.BookName(0), QStringLiteral("Genesis"));
+        QCOMPARE(bible.BookName(500), QStringLiteral("Revelation"));
+        QCOMPARE(bible.Chapters(43), 4);
+    }
+
+    void references_data()
+    {
+        QTest::addColumn<QString>("reference");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("standard");
+        QTest::addColumn<int>("testament");
+
+        const QString john3 = QStringLiteral("JOHN 3\r\n") + verses(QStringLiteral("John"), 3, 1, 36);
+        QTest::newRow("abbreviation") << "JN 3:16" << "JOHN 3 \r\n" + verses("John", 3, 16, 16) << "JOHN 3:16" << 1;
+        QTest::newRow("numbered, blank") << "1 JN 4:8" << "1JOHN 4 \r\n" + verses("1John", 4, 8, 8) << "1JOHN 4:8" << 1;
+        QTest::newRow("numbered, joined") << "1JN 4:8" << "1JOHN 4 \r\n" + verses("1John", 4, 8, 8) << "1JOHN 4:8" << 1;
+        QTest::newRow("name with blanks") << "Song of Solomon 2:1" << "SONG OF SOLOMON 2 \r\n" + verses("Song of Solomon", 2, 1, 1) << "SONG OF SOLOMON 2:1" << 0;
+        QTest::newRow("verse range") << "John 3:16-18" << "JOHN 3 \r\n" + verses("John", 3, 16, 18) << "JOHN 3:16-18" << 1;
+        QTest::newRow("across chapters") << "John 3:35-4:2"
+                                         << "JOHN 3 \r\n" + verses("John", 3, 35, 36) + "JOHN 4\r\n" + verses("John", 4, 1, 2)
+                                         << "JOHN 3:35-4:2" << 1;
+        QTest::newRow("bare book") << "JOHN" << "JOHN 1\r\n" + verses("John", 1, 1, 51) << "JOHN 1" << 1;
+        QTest::newRow("list continues the book") << "John 3:16,2"
+                                                 << "JOHN 3 \r\n" + verses("John", 3, 16, 16) + "JOHN 2\r\n" + verses("John", 2, 1, 25)
+                                                 << "JOHN 2" << 1;
+        QTest::newRow("chapter past the end") << "Gen 60" << "GENESIS 5\r\n" + verses("Genesis", 5, 1, 32) << "GENESIS 5" << 0;
+        QTest::newRow("JUD is Judges") << "JUD 1:1" << "JUDGES 1 \r\n" + verses("Judges", 1, 1, 1) << "JUDGES 1:1" << 0;
+        QTest::newRow("lower-case marker") << "john 3" << john3 << "JOHN 3" << 1;
+        QTest::newRow("chapters") << "Judges 2-1" << "JUDGES 1\r\n" + verses("Judges", 1, 1, 36) + "JUDGES 2\r\n" + verses("Judges", 2, 1, 23) << "JUDGES 1-2" << 0;
+        QTest::newRow("verse to the end of the chapter") << "John 4:53-" << "JOHN 4 \r\n" + verses("John", 4, 53, 53) << "JOHN 4:53" << 1;
+        QTest::newRow("verse past the chapter") << "John 3:99" << "" << "JOHN 3" << 1;
+        QTest::newRow("unknown book") << "Hezekiah 1:1" << "" << "" << 5;
+        QTest::newRow("empty") << "" << "" << "" << 5;
+        QTest::newRow("trailing comma") << "John 3:16," << "JOHN 3 \r\n" + verses("John", 3, 16, 16) << "JOHN 3:16" << 1;
+    }
+
+    void references()
+    {
+        QFETCH(QString, reference);
+        QFETCH(QString, text);
+        QFETCH(QString, standard);
+        QFETCH(int, testament);
+        clsBible bible;
+        bible.setVersionPath(m_bible);
+        QCOMPARE(bible.Passagebystandard(reference), text);
+        QCOMPARE(bible.Testament(), testament);
+        if (testament != clsBible::NotFound)
+            QCOMPARE(bible.Standard(), standard);
+    }
+
+    void passageQuirks()
+    {
+        clsBible bible;
+        bible.setVersionPath(m_bible);
+        // Chapters given the wrong way round are swapped.
+        QCOMPARE(bible.passage(QStringLiteral("Genesis"), 5, 0, 2, 0).count(QStringLiteral("GENESIS ")), 4);
+        QCOMPARE(bible.Standard(), QStringLiteral("GENESIS 2-5"));
+        // A failed look-up keeps the last passage.
+        QVERIFY(bible.passage(QStringLiteral("Nowhere"), 1).isEmpty());
+        QCOMPARE(bible.Standard(), QStringLiteral("GENESIS 2-5"));
+        QCOMPARE(bible.Testament(), 5);
+        // Without in-text references the verses come alone, verse 1 included.
+        bible.setInTextReference(false);
+        QCOMPARE(bible.Passagebystandard(QStringLiteral("Genesis 1:1")), verses("Genesis", 1, 1, 1));
+        QCOMPARE(bible.Passagebystandard(QStringLiteral("John 3:36-4:1")), verses("John", 3, 36, 36) + verses("John", 4, 1, 1));
+        // With the verses joined by a blank a single verse is still one verse.
+        bible.setSeparator(QStringLiteral(" "));
+        QCOMPARE(bible.Passagebystandard(QStringLiteral("John 3:16")), QStringLiteral("16 Text of John 3:16 "));
+        // A reference of 10,000 characters neither hangs nor crashes.
+        bible.Passagebystandard(QString(10000, u'9'));
+        bible.Passagebystandard(QStringLiteral("John ") + QString(10000, u'-'));
+    }
+
+    void longNamesAndBadMaps()
+    {
+        QTemporaryDir dir;
+        const QString longName = QStringLiteral("Abcdefghijklmnopqrstuvwxyzabcde"); // 31 characters
+        makeTranslation(dir.path(), QStringLiteral("LONG"),
+                        {{longName, false, chapters(longName.left(30), {2})},
+                         {QStringLiteral("Last"), true, chapters(QStringLiteral("Last"), {1})}});
+        clsBible bible;
+        m_messages.clear();
+        bible.setVersionPath(dir.path() + QStringLiteral("/LONG"));
+        QVERIFY(m_messages.isEmpty());
+        QCOMPARE(bible.BookName(1), longName.left(30));
+        QCOMPARE(bible.NewTestamentCount(), 1);
+        QVERIFY(!bible.Passagebystandard(QStringLiteral("abc 1:2")).isEmpty());
+
+        // A count over 255 and more than 100 books are reported and stop the load.
+        writeFile(dir.path() + QStringLiteral("/LONG/oldtest/map.dat"), "\"Genesis\",300\r\n");
+        m_messages.clear();
+        bible.setVersionPath(dir.path() + QStringLiteral("/LONG"));
+        QCOMPARE(m_messages, QStringList{QStringLiteral("Err #6 ocurred(Overflow)")});
+        QByteArray many;
+        for (int i = 0; i < 120; ++i)
+            many += "Book" + QByteArray::number(i) + ",1\r\n";
+        writeFile(dir.path() + QStringLiteral("/LONG/oldtest/map.dat"), many);
+        m_messages.clear();
+        bible.setVersionPath(dir.path() + QStringLiteral("/LONG"));
+        QCOMPARE(m_messages, QStringList{QStringLiteral("Err #9 ocurred(Subscript out of range)")});
+        QVERIFY(bible.BooksCount() <= clsBible::MaxBooks);
+        bible.Passagebystandard(QStringLiteral("Book99 1"));
+
+        // A missing map names its path.
+        QFile::remove(dir.path() + QStringLiteral("/LONG/oldtest/map.dat"));
+        m_messages.clear();
+        bible.setVersionPath(dir.path() + QStringLiteral("/LONG"));
+        QCOMPARE(m_messages.size(), 1);
+        QVERIFY(m_messages.first().endsWith(QStringLiteral("oldtest/map.dat is missing or is corrupt")));
+    }
+
+    void caseBlindFilesAndJunk()
+    {
+        QTemporaryDir dir;
+        makeTranslation(dir.path(), QStringLiteral("CASE"),
+                        {{QStringLiteral("Genesis"), false, chapters(QStringLiteral("Genesis"), {3})},
+                         {QStringLiteral("Mark"), true, chapters(QStringLiteral("Mark"), {2})}});
+        QDir d(dir.path() + QStringLiteral("/CASE"));
+        QVERIFY(d.rename(QStringLiteral("oldtest"), QStringLiteral("OldTest")));
+        QVERIFY(QFile::rename(d.filePath(QStringLiteral("OldTest/GENESIS.dat")), d.filePath(QStringLiteral("OldTest/genesis.DAT"))));
+        // Junk bytes in a book file decode as single-byte text and are shown as they are.
+        writeFile(d.filePath(QStringLiteral("newtest/MARK.dat")), QByteArray("CHAPTER 1\r\n1 caf\xe9") + '\0' + QByteArray("\xff\r\nCHAPTER 2\r\n1 x\r\n"));
+        clsBible bible;
+        bible.setVersionPath(dir.path() + QStringLiteral("\\case\\"));
+        QCOMPARE(bible.Passagebystandard(QStringLiteral("Gen 1:2")), "GENESIS 1 \r\n" + verses("Genesis", 1, 2, 2));
+        QCOMPARE(bible.Passagebystandard(QStringLiteral("Mark 1:1")), QString::fromUtf16(u"MARK 1 \r\n1 caf\u00e9\u0000\u00ff\r\n", 19));
+    }
+
+    void missingBookFile()
+    {
+        QTemporaryDir dir;
+        makeTranslation(dir.path(), QStringLiteral("GONE"),
+                        {{QStringLiteral("Genesis"), false, chapters(QStringLiteral("Genesis"), {3})},
+                         {QStringLiteral("Mark"), true, chapters(QStringLiteral("Mark"), {2})}});
+        QFile::remove(dir.path() + QStringLiteral("/GONE/newtest/MARK.dat"));
+        clsBible bible;
+        bible.setVersionPath(dir.path() + QStringLiteral("/GONE"));
+        m_messages.clear();
+        QVERIFY(bible.Passagebystandard(QStringLiteral("Mark 1")).isEmpty());
+        QCOMPARE(m_messages.size(), 1);
+        QVERIFY(m_messages.first().startsWith(QStringLiteral("Err #53 ocurred(File not found")));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestBible)
+#include "tst_bible.moc"

@@ -1,0 +1,136 @@
+// The splitter, the string helpers, the passage formatter, text decoding and the translation check.
+#include "../support/TranslationFixture.h"
+#include "platform/FileSystem.h"
+#include "platform/TextCodec.h"
+#include "platform/VbError.h"
+#include "scripture/PassageFormatter.h"
+#include "scripture/TranslationCheck.h"
+#include "scripture/basStrings.h"
+#include "scripture/clsSeparation.h"
+
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace fixture;
+
+class TestHelpers : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void separation()
+    {
+        clsSeparation s;
+        s.setDelimiter(QStringLiteral(","));
+        s.setText(QStringLiteral("a,,b"));
+        QCOMPARE(s.count(), 3);
+        QCOMPARE(s.item(1), QStringLiteral("a"));
+        QCOMPARE(s.item(2), QString());
+        QCOMPARE(s.item(3), QStringLiteral("b"));
+        QCOMPARE(s.items(), (QStringList{"a", "", "b"}));
+        QVERIFY_THROWS_EXCEPTION(VbError, s.item(4));
+
+        s.setDelimiter(QStringLiteral("\r\n"));
+        s.setText(QStringLiteral("one\r\ntwo\r\n"));
+        QCOMPARE(s.count(), 3);
+        QCOMPARE(s.item(3), QString());
+        QCOMPARE(s.items(), (QStringList{"one", "two", ""}));
+
+        s.setText(QString());
+        QCOMPARE(s.item(7), QString());
+        // Letters in a delimiter are counted without regard to case.
+        s.setDelimiter(QStringLiteral("x"));
+        s.setText(QStringLiteral("aXbxc"));
+        QCOMPARE(s.count(), 3);
+        QCOMPARE(s.item(2), QStringLiteral("b"));
+    }
+
+    void strings()
+    {
+        QCOMPARE(basStrings::CountOccurrences(u"aaaa", u"aa"), 2);
+        QCOMPARE(basStrings::CountOccurrences(u"AbAB", u"ab", true), 2);
+        QCOMPARE(basStrings::NthOccurrence(u"a-b-c", u"-", 2), 4);
+        QCOMPARE(basStrings::NthOccurrence(u"a-b-c", u"-", 3), 0);
+        QCOMPARE(basStrings::JoinPath(QStringLiteral("C:\\Bible\\"), QStringLiteral("bible.dat"), QStringLiteral("\\")),
+                 QStringLiteral("C:\\Bible\\bible.dat"));
+        QCOMPARE(basStrings::JoinPath(QStringLiteral("dir"), QStringLiteral("x"), QStringLiteral("\\")), QStringLiteral("dir\\x"));
+        QCOMPARE(basStrings::LeadingNumber(u" 12abc"), 12);
+        QCOMPARE(basStrings::LeadingNumber(u"abc"), 0);
+        QCOMPARE(basStrings::LeadingNumber(u"99999999999999"), 32767);
+        QCOMPARE(basStrings::UpperCase(QStringLiteral("Génesis a")), QStringLiteral("GÉNESIS A"));
+        QVERIFY(QRegularExpression(QStringLiteral("^\\d+\\.\\d+\\.\\d+$")).match(basStrings::VersionText()).hasMatch());
+    }
+
+    void formatter_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<bool>("whole");
+        QTest::addColumn<QString>("rtf");
+        QTest::newRow("added words") << "In the beginning [was] the Word" << false
+                                     << "In the beginning \\i was \\i0 the Word";
+        QTest::newRow("lines") << "a\r\nb\r\nc\r\n" << false << "a\\par b\\par c\\par ";
+        QTest::newRow("strong's number") << "God{H430} said" << true
+                                         << "{\\rtf {\\colortbl ;\\red255\\green0\\blue0;}God{\\super {\\fs0 '}H430} said}";
+        QTest::newRow("unmatched brace kept") << "a{b" << false << "a{\\super {\\fs0 '}b";
+    }
+    void formatter()
+    {
+        QFETCH(QString, text);
+        QFETCH(bool, whole);
+        QFETCH(QString, rtf);
+        QCOMPARE(PassageFormatter::ToRichText(text, whole), rtf);
+    }
+
+    void decoding()
+    {
+        QCOMPARE(platform::DecodeText("caf\xc3\xa9").text, QStringLiteral("café"));
+        const platform::DecodedText old = platform::DecodeText("caf\xe9 \x93q\x94");
+        QCOMPARE(old.text, QString::fromUtf16(u"caf\u00e9 \u201cq\u201d"));
+        QCOMPARE(old.encoding, platform::TextEncoding::Windows1252);
+        QCOMPARE(platform::EncodeText(old.text, old.encoding), QByteArray("caf\xe9 \x93q\x94"));
+        // A character the old code page cannot hold turns the file into UTF-8 rather than being lost.
+        QCOMPARE(platform::EncodeText(QStringLiteral("ש"), platform::TextEncoding::Windows1252), QByteArray("\xd7\xa9"));
+        QCOMPARE(platform::SplitLines(QStringLiteral("a\r\nb\nc\rd\r\n")), (QStringList{"a", "b", "c", "d"}));
+        QCOMPARE(platform::SplitLines(QStringLiteral("a\r\n\r\n")), (QStringList{"a", ""}));
+    }
+
+    void caseBlindPaths()
+    {
+        QTemporaryDir dir;
+        writeFile(dir.path() + QStringLiteral("/OldTest/genesis.dat"), "x");
+        QCOMPARE(platform::ResolvePath(dir.path() + QStringLiteral("\\oldtest\\GENESIS.dat")),
+                 dir.path() + QStringLiteral("/OldTest/genesis.dat"));
+        QVERIFY(platform::FileExists(dir.path() + QStringLiteral("/OLDTEST/Genesis.DAT")));
+        QVERIFY(!platform::FileExists(dir.path() + QStringLiteral("/oldtest")));
+        QVERIFY(platform::ResolvePath(dir.path() + QStringLiteral("/newtest/map.dat")).endsWith(QStringLiteral("/newtest/map.dat")));
+    }
+
+    void translationCheck()
+    {
+        QTemporaryDir dir;
+        makeTranslation(dir.path(), QStringLiteral("OK"),
+                        {{QStringLiteral("Genesis"), false, chapters(QStringLiteral("Genesis"), {2, 2})},
+                         {QStringLiteral("Mark"), true, chapters(QStringLiteral("Mark"), {1})}});
+        QCOMPARE(TranslationCheck::Check(dir.path() + QStringLiteral("/OK")), QStringList());
+
+        makeTranslation(dir.path(), QStringLiteral("BAD"),
+                        {{QStringLiteral("Genesis"), false,
+                          {"CHAPTER 1", "1 a", "3 c", "2 b", "CHAPTER 2", "CHAPTER 4", "stray line", "1 x"}, 3},
+                         {QStringLiteral("Exodus"), false, {"CHAPTER 1", "1 a"}},
+                         {QStringLiteral("Mark"), true, {"CHAPTER 1", "1 a"}}});
+        QFile::remove(dir.path() + QStringLiteral("/BAD/oldtest/EXODUS.dat"));
+        const QStringList problems = TranslationCheck::Check(dir.path() + QStringLiteral("/BAD"));
+        const QString all = problems.join(u'\n');
+        QVERIFY2(all.contains(QStringLiteral("Genesis 1: verse 2 is missing")), qPrintable(all));
+        QVERIFY2(all.contains(QStringLiteral("Genesis 1: verse 2 is out of order")), qPrintable(all));
+        QVERIFY2(all.contains(QStringLiteral("Genesis 2: chapter has no verses")), qPrintable(all));
+        QVERIFY2(all.contains(QStringLiteral("Genesis 4: chapter marker 4 where chapter 3 was expected")), qPrintable(all));
+        QVERIFY2(all.contains(QStringLiteral("neither a chapter marker nor a verse: \"stray line\"")), qPrintable(all));
+        QVERIFY2(all.contains(QStringLiteral("Exodus: book file EXODUS.dat is missing")), qPrintable(all));
+        QVERIFY2(TranslationCheck::Check(dir.path() + QStringLiteral("/NONE")).value(0).contains(QStringLiteral("does not exist")), qPrintable(all));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestHelpers)
+#include "tst_helpers.moc"

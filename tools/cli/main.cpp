@@ -1,0 +1,195 @@
+// quillstone-cli: the scripture store from the command line, for scripts, checks and authors of
+// new translations. Built on the UI-free libraries only.
+#include "platform/FileSystem.h"
+#include "platform/MsgBox.h"
+#include "scripture/PassageFormatter.h"
+#include "scripture/QuickSearch.h"
+#include "scripture/TranslationCheck.h"
+#include "scripture/TranslationList.h"
+#include "scripture/basStrings.h"
+#include "scripture/clsBible.h"
+#include "settings/SettingsRecords.h"
+#include "settings/clsIni.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QStringList>
+#include <cstdio>
+
+namespace {
+
+enum Exit { Ok = 0, Problems = 1, BookNotFound = 2, Usage = 64, NoInput = 66 };
+
+void out(const QString &text)
+{
+    const QByteArray bytes = text.toUtf8();
+    std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stdout);
+}
+
+void err(const QString &text)
+{
+    const QByteArray bytes = (text + u'\n').toUtf8();
+    std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stderr);
+}
+
+int usage()
+{
+    err(QStringLiteral(
+        "usage: quillstone-cli [--dir PROGRAM_FOLDER] [--translation FOLDER] COMMAND ...\n"
+        "commands:\n"
+        "  passage REFERENCE                 the text of a reference or list of references\n"
+        "  standard REFERENCE                the standard form of the passage fetched\n"
+        "  rtf REFERENCE                     the passage as a rich-text document\n"
+        "  books                             number, name and chapter count of every book\n"
+        "  search [--word] [--limit N] QUERY the quick keyword search over the translation\n"
+        "  check FOLDER                      check a translation folder for problems\n"
+        "PROGRAM_FOLDER defaults to $QUILLSTONE_DIR, else the folder of this program."));
+    return Usage;
+}
+
+QString programFolder(const QString &given)
+{
+    if (!given.isEmpty())
+        return given;
+    const QString env = qEnvironmentVariable("QUILLSTONE_DIR");
+    if (!env.isEmpty())
+        return env;
+    return QCoreApplication::applicationDirPath();
+}
+
+QString ProgramFile(const QString &folder, const QString &name)
+{
+    return basStrings::JoinPath(folder, name);
+}
+
+// The translation the window would open: "version" of section "load", else the first installed.
+QString defaultTranslation(const QString &folder)
+{
+    clsIni ini;
+    if (ini.Create(ProgramFile(folder, QStringLiteral("window.ini")))) {
+        const QString saved = ini.Text(QStringLiteral("load"), QStringLiteral("version"));
+        if (!saved.isEmpty() && basStrings::FileExists(ProgramFile(ProgramFile(folder, saved), QStringLiteral("bible.dat"))))
+            return saved;
+    }
+    const QList<InstalledTranslation> installed = TranslationList::List(folder);
+    return installed.isEmpty() ? QString() : installed.first().folder;
+}
+
+int searchCommand(const clsBible &bible, const QString &folder, QStringList args)
+{
+    bool wholeWord = false;
+    GeneralSettings general;
+    general.read(ProgramFile(folder, QStringLiteral("general.cfg")));
+    int limit = general.maxSearchResults;
+    while (!args.isEmpty() && args.first().startsWith(QStringLiteral("--"))) {
+        const QString option = args.takeFirst();
+        if (option == u"--word") {
+            wholeWord = true;
+        } else if (option == u"--limit" && !args.isEmpty()) {
+            bool ok = false;
+            limit = args.takeFirst().toInt(&ok);
+            if (!ok || limit < 0 || limit > 32767)
+                return usage();
+        } else if (option == u"--") {
+            break;
+        } else {
+            return usage();
+        }
+    }
+    if (args.size() != 1)
+        return usage();
+    QuickSearch search;
+    const QuickSearch::Result result = search.run(bible, args.first(), wholeWord, limit);
+    for (const QString &text : result.results)
+        out(text);
+    out(result.title + u'\n');
+    return result.outcome == QuickSearch::Outcome::Failed ||
+                   result.outcome == QuickSearch::Outcome::TooMany
+               ? Problems
+               : Ok;
+}
+
+int checkCommand(const QString &folder, const QString &target)
+{
+    QString path = target;
+    if (!QFileInfo(platform::ResolvePath(path)).isDir() && QDir::isRelativePath(path))
+        path = ProgramFile(folder, target);
+    const QStringList problems = TranslationCheck::Check(path);
+    for (const QString &problem : problems)
+        out(problem + u'\n');
+    if (problems.isEmpty())
+        out(QStringLiteral("%1: no problems found\n").arg(target));
+    return problems.isEmpty() ? Ok : Problems;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QCoreApplication app(argc, argv);
+    QStringList args = app.arguments().mid(1);
+    QString dirOption;
+    QString translation;
+    while (!args.isEmpty() && args.first().startsWith(QStringLiteral("--"))) {
+        const QString option = args.takeFirst();
+        if ((option == u"--dir" || option == u"--translation") && !args.isEmpty()) {
+            (option == u"--dir" ? dirOption : translation) = args.takeFirst();
+        } else if (option == u"--help") {
+            usage();
+            return Ok;
+        } else {
+            return usage();
+        }
+    }
+    if (args.isEmpty())
+        return usage();
+    const QString folder = programFolder(dirOption);
+    const QString command = args.takeFirst();
+
+    if (command == u"check")
+        return args.size() == 1 ? checkCommand(folder, args.first()) : usage();
+
+    if (translation.isEmpty())
+        translation = defaultTranslation(folder);
+    QString translationPath = QDir::isAbsolutePath(translation) ? translation : ProgramFile(folder, translation);
+    if (translation.isEmpty() || !basStrings::FileExists(ProgramFile(translationPath, QStringLiteral("bible.dat")))) {
+        err(QStringLiteral("No translation \"%1\" in %2 (a translation folder holds bible.dat).")
+                .arg(translation, QDir::toNativeSeparators(folder)));
+        return NoInput;
+    }
+
+    clsBible bible;
+    bible.setVersionPath(translationPath);
+    if (bible.LastReadFailed())
+        return NoInput;
+    bible.setInTextReference(true);
+    bible.setSeparator(QStringLiteral("\r\n"));
+
+    if (command == u"books") {
+        if (!args.isEmpty())
+            return usage();
+        for (int b = 1; b <= bible.BooksCount(); ++b)
+            out(QString::number(b) + u'\t' + bible.BookName(b) + u'\t' + QString::number(bible.Chapters(b)) + u'\n');
+        return Ok;
+    }
+    if (command == u"search")
+        return searchCommand(bible, folder, args);
+
+    if (command != u"passage" && command != u"standard" && command != u"rtf")
+        return usage();
+    if (args.size() != 1)
+        return usage();
+    const QString text = bible.Passagebystandard(args.first());
+    if (command == u"passage")
+        out(text);
+    else if (command == u"standard")
+        out(bible.Standard() + u'\n');
+    else
+        out(PassageFormatter::ToRichText(text, true));
+    if (bible.Testament() == clsBible::NotFound) {
+        err(QStringLiteral("No book of this translation matches \"%1\".").arg(args.first()));
+        return BookNotFound;
+    }
+    return Ok;
+}

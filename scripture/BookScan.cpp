@@ -13,11 +13,56 @@ bool isLetter(QChar c)
 }
 } // namespace
 
+namespace {
+// How common each capital letter is in English text (0 = rarest), to pick the character of a word
+// that is quickest to look for.
+int letterFrequency(QChar c)
+{
+    static constexpr char order[] = "ZQJXKVBPYGFWMUCLDRHSNIOATE";
+    if (c < u'A' || c > u'Z')
+        return -1;
+    for (int i = 0; order[i]; ++i) {
+        if (order[i] == c.unicode())
+            return i;
+    }
+    return -1;
+}
+} // namespace
+
+qsizetype FindWord(QStringView line, QStringView word, qsizetype from)
+{
+    // Every line of the translation goes through here: look for the word's rarest character with
+    // the vectorised single-character search, then compare the whole word around it, which is
+    // several times faster than a general substring search on short lines.
+    if (word.isEmpty())
+        return from <= line.size() ? from : -1;
+    qsizetype pivot = 0;
+    for (qsizetype k = 1, best = letterFrequency(word[0]); k < word.size() && best >= 0; ++k) {
+        const int f = letterFrequency(word[k]);
+        if (f < best) {
+            best = f;
+            pivot = k;
+        }
+    }
+    const QChar key = word[pivot];
+    const qsizetype last = line.size() - word.size();
+    while (from <= last) {
+        const qsizetype at = line.indexOf(key, from + pivot);
+        if (at < 0 || at - pivot > last)
+            return -1;
+        const qsizetype start = at - pivot;
+        if (line.mid(start, word.size()) == word)
+            return start;
+        from = start + 1;
+    }
+    return -1;
+}
+
 bool WholeWordMatch(QStringView upperLine, QStringView word)
 {
     qsizetype from = 0;
     while (from <= upperLine.size()) {
-        const qsizetype at = upperLine.indexOf(word, from);
+        const qsizetype at = FindWord(upperLine, word, from);
         if (at < 0)
             return false;
         const qsizetype end = at + word.size();

@@ -34,6 +34,9 @@ public:
     void run(const clsBible &store);
 };
 
+// Where a word first occurs in a line at or after a position; -1 when it does not.
+qsizetype FindWord(QStringView line, QStringView word, qsizetype from = 0);
+
 // Whether a word occurs in an upper-cased line as a whole word: the characters on either side of
 // some occurrence are not letters A to Z (the ends of the line count as boundaries).
 bool WholeWordMatch(QStringView upperLine, QStringView word);

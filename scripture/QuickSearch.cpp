@@ -44,7 +44,7 @@ QuickSearch::Result QuickSearch::run(const clsBible &store, const QString &query
             bool match = true;
             for (const QString &keyword : keywords) {
                 const bool found = wholeWord ? WholeWordMatch(line.upper, keyword)
-                                             : line.upper.contains(keyword);
+                                             : FindWord(line.upper, keyword) >= 0;
                 if (!found) {
                     match = false;
                     break;

@@ -10,6 +10,7 @@
 #include "scripture/clsSeparation.h"
 
 #include <QList>
+#include <algorithm>
 
 namespace {
 
@@ -24,6 +25,11 @@ bool isMarkerOf(QStringView line, const QString &number)
     const QStringView t = basStrings::TrimBlanks(line);
     return t.size() == 8 + number.size() && t.startsWith(u"CHAPTER ", Qt::CaseInsensitive) &&
            t.mid(8) == number;
+}
+
+bool containsLetter(const QString &text)
+{
+    return std::any_of(text.begin(), text.end(), [](QChar c) { return c.isLetter(); });
 }
 
 struct Part
@@ -262,8 +268,10 @@ QString clsBible::Passagebystandard(const QString &references)
         // A trailing or doubled comma leaves an empty item; it names nothing.
         if (basStrings::TrimBlanks(item).isEmpty())
             continue;
-        // "John 3:16,18": an item that starts with a digit continues the last passage's book.
-        if (basStrings::IsDigit(item.at(0)))
+        // "John 3:16,18": an item of bare numbers continues the last passage's book. An item
+        // that names a book of its own ("1John 4:8", "1 Cor 13") starts with a digit too, but
+        // is read as it stands, or numbered books could not be reached after any other passage.
+        if (basStrings::IsDigit(item.at(0)) && !containsLetter(item))
             text += parseOne(m_currentBook + u' ' + item);
         else
             text += parseOne(item);

@@ -1,0 +1,37 @@
+// Book maps and book files of any content: loading, fetching, searching and checking never crash
+// or hang. The input is split at the first NUL-NUL: map.dat before it, the book file after it.
+#include "FuzzSupport.h"
+#include "scripture/QuickSearch.h"
+#include "scripture/TranslationCheck.h"
+#include "scripture/clsBible.h"
+
+#include <cstdint>
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
+{
+    fuzz::quietMessages();
+    if (size > 65536)
+        return 0;
+    const QByteArray input(reinterpret_cast<const char *>(data), qsizetype(size));
+    const qsizetype cut = input.indexOf(QByteArray("\0\0", 2));
+    const QByteArray map = cut < 0 ? input : input.left(cut);
+    const QByteArray book = cut < 0 ? QByteArray("CHAPTER 1\r\n1 x\r\n") : input.mid(cut + 2);
+
+    const QString root = fuzz::scratch().path() + QStringLiteral("/BOOKS");
+    fuzz::write(root + QStringLiteral("/bible.dat"), "Fuzz\r\nOld\r\nNew\r\n");
+    fuzz::write(root + QStringLiteral("/oldtest/map.dat"), map);
+    fuzz::write(root + QStringLiteral("/newtest/map.dat"), "\"Zed\",2\r\n");
+    fuzz::write(root + QStringLiteral("/oldtest/GENESIS.dat"), book);
+    fuzz::write(root + QStringLiteral("/newtest/ZED.dat"), book);
+
+    clsBible bible;
+    bible.setVersionPath(root);
+    bible.Passagebystandard(QStringLiteral("Genesis 1:1-2:3,2,Zed 2"));
+    bible.Passagebystandard(QStringLiteral("Zed 3:2"));
+    for (int b = 1; b <= bible.BooksCount(); ++b)
+        bible.passage(bible.BookName(b), 1, 0, 300, 0);
+    QuickSearch search;
+    search.run(bible, QStringLiteral("X  a"), true, 5);
+    TranslationCheck::Check(root);
+    return 0;
+}

@@ -80,6 +80,9 @@ private slots:
         QTest::newRow("list continues the book") << "John 3:16,2"
                                                  << "JOHN 3 \r\n" + verses("John", 3, 16, 16) + "JOHN 2\r\n" + verses("John", 2, 1, 25)
                                                  << "JOHN 2" << 1;
+        QTest::newRow("numbered book in a list") << "John 3:16,1John 4:8"
+                                                 << "JOHN 3 \r\n" + verses("John", 3, 16, 16) + "1JOHN 4 \r\n" + verses("1John", 4, 8, 8)
+                                                 << "1JOHN 4:8" << 1;
         QTest::newRow("chapter past the end") << "Gen 60" << "GENESIS 5\r\n" + verses("Genesis", 5, 1, 32) << "GENESIS 5" << 0;
         QTest::newRow("JUD is Judges") << "JUD 1:1" << "JUDGES 1 \r\n" + verses("Judges", 1, 1, 1) << "JUDGES 1:1" << 0;
         QTest::newRow("lower-case marker") << "john 3" << john3 << "JOHN 3" << 1;

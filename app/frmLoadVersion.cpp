@@ -1,0 +1,164 @@
+#include "app/frmLoadVersion.h"
+
+#include "app/frmMain.h"
+#include "platform/MsgBox.h"
+#include "scripture/basStrings.h"
+#include "settings/ProgramSettings.h"
+
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QDir>
+#include <QFileInfo>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace {
+QString programFolder()
+{
+    return ProgramSettings::instance().programFolder();
+}
+} // namespace
+
+frmLoadVersion::frmLoadVersion(const QString &commandLine, QWidget *parent)
+    : QDialog(parent), m_commandLine(commandLine)
+{
+    setObjectName(QStringLiteral("frmLoadVersion"));
+    setWindowTitle(QStringLiteral("Quillstone Bible System"));
+    auto *layout = new QVBoxLayout(this);
+    auto *label = new QLabel(QStringLiteral("Choose a &translation to open:"), this);
+    lstVersions = new QListWidget(this);
+    lstVersions->setObjectName(QStringLiteral("lstVersions"));
+    label->setBuddy(lstVersions);
+    chkAutoLoad = new QCheckBox(QStringLiteral("&Open this translation automatically next time"), this);
+    chkAutoLoad->setObjectName(QStringLiteral("chkAutoLoad"));
+    cmdLoad = new QPushButton(QStringLiteral("&Load"), this);
+    cmdLoad->setObjectName(QStringLiteral("cmdLoad"));
+    cmdLoad->setDefault(true);
+    layout->addWidget(label);
+    layout->addWidget(lstVersions, 1);
+    layout->addWidget(chkAutoLoad);
+    layout->addWidget(cmdLoad, 0, Qt::AlignRight);
+    resize(380, 300);
+    connect(cmdLoad, &QPushButton::clicked, this, &frmLoadVersion::cmdLoad_Click);
+    connect(lstVersions, &QListWidget::itemDoubleClicked, this, &frmLoadVersion::cmdLoad_Click);
+}
+
+frmLoadVersion::~frmLoadVersion() = default;
+
+bool frmLoadVersion::holdsTranslation(const QString &folder) const
+{
+    // Only a folder of the program folder is a translation; a path that leaves it is not.
+    if (folder.isEmpty() || QDir::isAbsolutePath(folder) || QDir::isAbsolutePath(QDir::fromNativeSeparators(folder)))
+        return false;
+    const QString root = QDir::cleanPath(QFileInfo(programFolder()).absoluteFilePath());
+    const QString target = QDir::cleanPath(root + u'/' + QDir::fromNativeSeparators(QString(folder).replace(u'\\', u'/')));
+    if (!target.startsWith(root + u'/'))
+        return false;
+    return basStrings::FileExists(basStrings::JoinPath(target, QStringLiteral("bible.dat")));
+}
+
+bool frmLoadVersion::Form_Load()
+{
+    ProgramSettings &settings = ProgramSettings::instance();
+    // 1. Nothing starts without the settings file.
+    if (!settings.CreateIni()) {
+        platform::MsgBox(QStringLiteral("Unable to launch because 'window.ini' is missing from the program's directory!\r\n") +
+                             QStringLiteral("Reinstall the program to repair the problem"),
+                         vb::vbCritical | vb::vbOKOnly);
+        return false;
+    }
+    clsIni &ini = settings.Ini();
+    settings.rememberWindows = ini.Data(QString(), QStringLiteral("rememberwindowsetting")) != 0;
+
+    // 2. The window's own place.
+    if (settings.rememberWindows)
+        move(ini.Data(QStringLiteral("load"), QStringLiteral("left")) / 15,
+             ini.Data(QStringLiteral("load"), QStringLiteral("top")) / 15);
+
+    // 3. The installed translations.
+    m_translations = TranslationList::List(programFolder());
+    for (const InstalledTranslation &t : std::as_const(m_translations))
+        lstVersions->addItem(t.displayName);
+
+    // The check box shows the saved choice before anything is opened, so opening a translation
+    // from the command line keeps the user's automatic-load setting as it was.
+    const int autoLoad = ini.Data(QStringLiteral("load"), QStringLiteral("autoload"));
+    chkAutoLoad->setChecked(autoLoad > 0);
+
+    // 4. A translation named on the command line.
+    if (!m_commandLine.isEmpty()) {
+        if (holdsTranslation(m_commandLine))
+            OpenTranslation(m_commandLine);
+        else
+            platform::MsgBox(QStringLiteral("An invalid version path was supplied at the command line, ignoring it and resuming"),
+                             vb::vbCritical | vb::vbOKOnly);
+    }
+
+    // 5. The translation saved for loading automatically.
+    if (!m_opened && chkAutoLoad->isChecked()) {
+        const QString saved = ini.Text(QStringLiteral("load"), QStringLiteral("version"));
+        if (holdsTranslation(saved))
+            OpenTranslation(saved);
+        else
+            platform::MsgBox(QStringLiteral("An invalid version path was saved in the settings, ignoring and resuming"),
+                             vb::vbCritical | vb::vbOKOnly);
+    }
+    if (!m_opened && lstVersions->count() > 0)
+        lstVersions->setCurrentRow(0);
+    return true;
+}
+
+void frmLoadVersion::cmdLoad_Click()
+{
+    if (lstVersions->count() == 0) {
+        platform::MsgBox(QStringLiteral("There are no available translations installed!"));
+        return;
+    }
+    const int row = lstVersions->currentRow();
+    if (row < 0 || !lstVersions->currentItem()->isSelected()) {
+        platform::MsgBox(QStringLiteral("Please select a translation first"));
+        return;
+    }
+    OpenTranslation(m_translations.at(row).folder);
+}
+
+void frmLoadVersion::OpenTranslation(const QString &folder)
+{
+    ProgramSettings &settings = ProgramSettings::instance();
+    clsIni &ini = settings.Ini();
+    if (!m_main) {
+        m_main = new frmMain;
+        m_main->setAttribute(Qt::WA_DeleteOnClose);
+        connect(m_main, &frmMain::translationChosen, this, &frmLoadVersion::OpenTranslation);
+    }
+    // 1. The stores point at the folder (the main window's load reads it).
+    m_main->LoadTranslation(folder);
+    // 2. Remember the choice.
+    ini.setText(QStringLiteral("load"), QStringLiteral("version"), folder);
+    ini.setData(QStringLiteral("load"), QStringLiteral("autoload"), chkAutoLoad->isChecked() ? 1 : 0);
+    // 3. Show the main window.
+    m_main->show();
+    // 4. This window's work is done.
+    if (!m_opened) {
+        m_opened = true;
+        if (isVisible())
+            close();
+        else
+            savePosition();
+    }
+}
+
+void frmLoadVersion::savePosition()
+{
+    clsIni &ini = ProgramSettings::instance().Ini();
+    ini.setData(QStringLiteral("load"), QStringLiteral("left"), pos().x() * 15);
+    ini.setData(QStringLiteral("load"), QStringLiteral("top"), pos().y() * 15);
+}
+
+void frmLoadVersion::closeEvent(QCloseEvent *event)
+{
+    savePosition();
+    event->accept();
+}

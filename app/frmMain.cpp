@@ -1,0 +1,566 @@
+#include "app/frmMain.h"
+
+#include "platform/frmAbout.h"
+#include "platform/MsgBox.h"
+#include "platform/RichTextBox.h"
+#include "scripture/PassageFormatter.h"
+#include "scripture/QuickSearch.h"
+#include "scripture/TranslationList.h"
+#include "scripture/basStrings.h"
+#include "settings/ProgramSettings.h"
+#include "settings/basSettings.h"
+
+#include <QAction>
+#include <QActionGroup>
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QFrame>
+#include <QGridLayout>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenuBar>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QScreen>
+#include <QSplitter>
+#include <QTabWidget>
+#include <QTimer>
+#include <QVBoxLayout>
+
+namespace {
+
+QString programFile(const QString &name)
+{
+    return basStrings::JoinPath(ProgramSettings::instance().programFolder(), name);
+}
+
+// The smallest window, in twips: below it the lists and the boxes at the bottom do not fit.
+constexpr int kMinWidthTwips = 3000;
+constexpr int kMinHeightTwips = 4080;
+
+} // namespace
+
+frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
+{
+    setObjectName(QStringLiteral("frmMain"));
+    buildControls();
+    buildMenus();
+    setMinimumSize(kMinWidthTwips / twipsPerPixelX(), kMinHeightTwips / twipsPerPixelY());
+    resize(1000, 720);
+}
+
+int frmMain::twipsPerPixelX() const
+{
+    const int dpi = logicalDpiX();
+    return dpi > 0 ? std::max(1, 1440 / dpi) : 15;
+}
+
+int frmMain::twipsPerPixelY() const
+{
+    const int dpi = logicalDpiY();
+    return dpi > 0 ? std::max(1, 1440 / dpi) : 15;
+}
+
+void frmMain::buildControls()
+{
+    auto *central = new QWidget(this);
+    auto *layout = new QVBoxLayout(central);
+    layout->setContentsMargins(6, 6, 6, 6);
+    layout->setSpacing(4);
+
+    // The testament choice and the title sit above the columns they belong to; placeHeader()
+    // keeps them there as the splitters move.
+    m_header = new QWidget(central);
+    cmbTestaments = new QComboBox(m_header);
+    cmbTestaments->setObjectName(QStringLiteral("cmbTestaments"));
+    cmbTestaments->setToolTip(QStringLiteral("Select Testament"));
+    lbltitle = new QLabel(m_header);
+    lbltitle->setObjectName(QStringLiteral("lbltitle"));
+    lbltitle->setAutoFillBackground(true);
+    lbltitle->setIndent(6);
+    m_header->setFixedHeight(std::max(cmbTestaments->sizeHint().height(), 26));
+    layout->addWidget(m_header);
+
+    splitter = new QSplitter(Qt::Horizontal, central);
+    splitter->setObjectName(QStringLiteral("splitter"));
+    // The layout changes when the drag bar is released, not while it moves.
+    splitter->setOpaqueResize(false);
+    splitter->setChildrenCollapsible(false);
+    splitter->setHandleWidth(4);
+    lstBooks = new QListWidget(splitter);
+    lstBooks->setObjectName(QStringLiteral("lstBooks"));
+    lstBooks->setToolTip(QStringLiteral("Select Book"));
+    lstChapters = new QListWidget(splitter);
+    lstChapters->setObjectName(QStringLiteral("lstChapters"));
+    lstChapters->setToolTip(QStringLiteral("Select Chapter"));
+    SSTab1 = new QTabWidget(splitter);
+    SSTab1->setObjectName(QStringLiteral("SSTab1"));
+    rtfPassage = new platform::RichTextBox(SSTab1);
+    rtfPassage->setObjectName(QStringLiteral("rtfPassage"));
+    rtfPassage->setLocked(true);
+    SSTab1->addTab(rtfPassage, QStringLiteral("Passage"));
+    for (QWidget *w : {static_cast<QWidget *>(lstBooks), static_cast<QWidget *>(lstChapters)})
+        w->setMinimumWidth(250 / twipsPerPixelX());
+    splitter->setStretchFactor(2, 1);
+    splitter->setSizes({170, 60, 740});
+    layout->addWidget(splitter, 1);
+
+    auto *frame = new QFrame(central);
+    frame->setObjectName(QStringLiteral("Frame1"));
+    auto *grid = new QGridLayout(frame);
+    grid->setContentsMargins(0, 4, 0, 0);
+    grid->setHorizontalSpacing(6);
+    auto *lblReference = new QLabel(QStringLiteral("&Reference:"), frame);
+    txtReference = new QLineEdit(frame);
+    txtReference->setObjectName(QStringLiteral("txtReference"));
+    txtReference->setToolTip(QStringLiteral("Standard Reference Entry Box (ie: John 3:16)"));
+    lblReference->setBuddy(txtReference);
+    cmdGet = new QPushButton(QStringLiteral("Get it"), frame);
+    cmdGet->setObjectName(QStringLiteral("cmdGet"));
+    cmdGet->setToolTip(QStringLiteral("Retrive the reference typed"));
+    chkUpdateList = new QCheckBox(QStringLiteral("&Update Books List"), frame);
+    chkUpdateList->setObjectName(QStringLiteral("chkUpdateList"));
+    chkUpdateList->setToolTip(
+        QStringLiteral("Updates the selection on the lists to the left when using the standard reference method"));
+    chkUpdateList->setChecked(true);
+    cmdCopy = new QPushButton(QStringLiteral("&Copy"), frame);
+    cmdCopy->setObjectName(QStringLiteral("cmdCopy"));
+    cmdCopy->setToolTip(QStringLiteral("Copies the currently displayed passage to the clipboard"));
+
+    auto *lblQuery = new QLabel(QStringLiteral("&KeyWord:"), frame);
+    txtQuery = new QLineEdit(frame);
+    txtQuery->setObjectName(QStringLiteral("txtQuery"));
+    txtQuery->setToolTip(QStringLiteral("Keyword Search"));
+    lblQuery->setBuddy(txtQuery);
+    cmdSearch = new QPushButton(QStringLiteral("&Search"), frame);
+    cmdSearch->setObjectName(QStringLiteral("cmdSearch"));
+    cmdSearch->setToolTip(QStringLiteral("Start Search"));
+    chkWordSearch = new QCheckBox(QStringLiteral("&Word Search"), frame);
+    chkWordSearch->setObjectName(QStringLiteral("chkWordSearch"));
+    chkWordSearch->setToolTip(QStringLiteral("Search for whole words only "));
+    picProgress = new QProgressBar(frame);
+    picProgress->setObjectName(QStringLiteral("picProgress"));
+    picProgress->setTextVisible(false);
+    picProgress->setMaximumHeight(14);
+    picProgress->setVisible(false);
+
+    grid->addWidget(lblReference, 0, 0);
+    grid->addWidget(txtReference, 0, 1);
+    grid->addWidget(cmdGet, 0, 2);
+    grid->addWidget(chkUpdateList, 0, 3);
+    grid->addWidget(cmdCopy, 0, 4);
+    grid->addWidget(lblQuery, 1, 0);
+    grid->addWidget(txtQuery, 1, 1);
+    grid->addWidget(cmdSearch, 1, 2);
+    grid->addWidget(chkWordSearch, 1, 3);
+    grid->addWidget(picProgress, 1, 4);
+    grid->setColumnStretch(1, 1);
+    layout->addWidget(frame);
+    setCentralWidget(central);
+
+    connect(cmbTestaments, &QComboBox::activated, this, &frmMain::cmbTestaments_Click);
+    // A list acts on a click, on a keyboard move and on a selection made by the program; the
+    // change a mouse press makes waits for its click, so one click acts once.
+    auto connectList = [this](QListWidget *list, void (frmMain::*handler)()) {
+        connect(list, &QListWidget::currentRowChanged, this, [this, handler](int row) {
+            if (row >= 0 && QGuiApplication::mouseButtons() == Qt::NoButton)
+                (this->*handler)();
+        });
+        connect(list, &QListWidget::itemClicked, this, [this, handler] { (this->*handler)(); });
+    };
+    connectList(lstBooks, &frmMain::lstBooks_Click);
+    connectList(lstChapters, &frmMain::lstChapters_Click);
+    connect(cmdGet, &QPushButton::clicked, this, &frmMain::cmdGet_Click);
+    connect(txtReference, &QLineEdit::returnPressed, this, &frmMain::cmdGet_Click);
+    connect(cmdSearch, &QPushButton::clicked, this, &frmMain::cmdSearch_Click);
+    connect(txtQuery, &QLineEdit::returnPressed, this, &frmMain::cmdSearch_Click);
+    connect(cmdCopy, &QPushButton::clicked, this, &frmMain::mnuEditCopyPassage_Click);
+    connect(splitter, &QSplitter::splitterMoved, this, &frmMain::placeHeader);
+    txtReference->installEventFilter(this);
+    txtQuery->installEventFilter(this);
+}
+
+void frmMain::buildMenus()
+{
+    QMenu *file = menuBar()->addMenu(QStringLiteral("&File"));
+    QAction *exit = file->addAction(QStringLiteral("E&xit"));
+    connect(exit, &QAction::triggered, this, &QWidget::close);
+
+    QMenu *edit = menuBar()->addMenu(QStringLiteral("&Edit"));
+    edit->addAction(QStringLiteral("Select &All"), QKeySequence::SelectAll, this, &frmMain::mnuEditSelectAll_Click);
+    edit->addAction(QStringLiteral("&Copy Selection"), QKeySequence::Copy, this, &frmMain::mnuEditCopy_Click);
+    edit->addAction(QStringLiteral("Copy &Passage"), this, &frmMain::mnuEditCopyPassage_Click);
+    edit->addAction(QStringLiteral("Copy &Book Name"), this, &frmMain::mnuEditCopyBookName_Click);
+
+    mnuTranslations = menuBar()->addMenu(QStringLiteral("&Translations"));
+    mnuTranslations->setObjectName(QStringLiteral("mnuTranslations"));
+
+    QMenu *references = menuBar()->addMenu(QStringLiteral("&References"));
+    auto notYet = [](const QString &what) {
+        return [what] {
+            platform::MsgBox(what + QStringLiteral(" will open here in a coming version of Quillstone."),
+                             vb::vbInformation);
+        };
+    };
+    mnuReferencesDictionary = references->addAction(QStringLiteral("&Dictionary"), this, notYet(QStringLiteral("The dictionary")));
+    mnuReferencesDictionary->setObjectName(QStringLiteral("mnuReferencesDictionary"));
+    mnuReferencesStrong = references->addAction(QStringLiteral("&Strong's Lexicon"), this, notYet(QStringLiteral("The Strong's lexicon")));
+    mnuReferencesStrong->setObjectName(QStringLiteral("mnuReferencesStrong"));
+    references->addSeparator();
+    QAction *units = references->addAction(QStringLiteral("&Units Table"), this, &frmMain::mnuReferencesUnits_Click);
+    units->setObjectName(QStringLiteral("mnuReferencesUnits"));
+
+    QMenu *help = menuBar()->addMenu(QStringLiteral("&Help"));
+    help->addAction(QStringLiteral("&About Quillstone"), this, &frmMain::mnuHelpAbout_Click);
+
+    // The passage's pop-up menu is a menu of its own, never shown in the menu bar.
+    mnuRightClick = new QMenu(this);
+    mnuRightClick->setObjectName(QStringLiteral("mnuRightClick"));
+    mnuRightclickDictionary = mnuRightClick->addAction(QStringLiteral("Look up in &Dictionary"), this, notYet(QStringLiteral("The dictionary")));
+    mnuRightclickStrongLexicon = mnuRightClick->addAction(QStringLiteral("Strong's Lexicon Entry?"), this, notYet(QStringLiteral("The Strong's lexicon")));
+}
+
+void frmMain::buildTranslationsMenu()
+{
+    mnuTranslations->clear();
+    auto *group = new QActionGroup(mnuTranslations);
+    for (const InstalledTranslation &t : TranslationList::List(ProgramSettings::instance().programFolder())) {
+        QAction *entry = mnuTranslations->addAction(t.displayName);
+        entry->setCheckable(true);
+        entry->setChecked(t.folder.compare(m_translationFolder, Qt::CaseInsensitive) == 0);
+        entry->setData(t.folder);
+        group->addAction(entry);
+        connect(entry, &QAction::triggered, this, [this, folder = t.folder] { emit translationChosen(folder); });
+    }
+}
+
+void frmMain::checkDataFiles()
+{
+    // Each optional data file decides whether its feature is offered.
+    m_hasCommentary = basStrings::FileExists(programFile(QStringLiteral("TVC\\Oldtest\\genesis.dat")));
+    const bool strong = basStrings::FileExists(programFile(QStringLiteral("strong\\hebrew.dat")));
+    mnuReferencesStrong->setEnabled(strong);
+    mnuRightclickStrongLexicon->setEnabled(strong);
+    const bool dictionary = basStrings::FileExists(programFile(QStringLiteral("Dictionary.dat")));
+    mnuReferencesDictionary->setVisible(dictionary);
+    mnuRightclickDictionary->setVisible(dictionary);
+    m_namesPath = programFile(QStringLiteral("names.dat"));
+    m_prophecyPath = programFile(QStringLiteral("prophecy.dat"));
+    m_unitsPath = programFile(QStringLiteral("Units.rtf"));
+}
+
+void frmMain::LoadTranslation(const QString &folder)
+{
+    // Keep the reader's place when another translation is opened over this one.
+    const int book = m_bible.Testament() == clsBible::NotFound ? 0 : m_bible.BookNumber();
+    const int chapter = m_bible.CurrentChapter();
+    const bool reopening = !m_translationFolder.isEmpty();
+
+    m_translationFolder = folder;
+    const QString path = programFile(folder);
+    m_bible.setVersionPath(path);
+    m_bible.setVersionInitial(folder);
+
+    const TranslationList::Header header = TranslationList::ReadHeader(path);
+    setWindowTitle(header.name + QStringLiteral(" - Quillstone Bible ") + basStrings::VersionText());
+    cmbTestaments->clear();
+    cmbTestaments->addItems({header.firstTestament, header.secondTestament});
+
+    checkDataFiles();
+    LoadSettingsFiles();
+    if (!reopening)
+        LoadSession();
+    buildTranslationsMenu();
+
+    if (reopening && book > 0 && book <= m_bible.BooksCount()) {
+        const int testament = book > m_bible.OldTestamentCount() ? 1 : 0;
+        cmbTestaments->setCurrentIndex(testament);
+        cmbTestaments_Click();
+        lstBooks->setCurrentRow(book - 1 - (testament ? m_bible.OldTestamentCount() : 0));
+        if (chapter > 0 && chapter <= lstChapters->count())
+            lstChapters->setCurrentRow(chapter - 1);
+    }
+}
+
+void frmMain::LoadSettingsFiles()
+{
+    ProgramSettings::instance().readSettingsFiles();
+    InitiateSession();
+}
+
+void frmMain::InitiateSession()
+{
+    ProgramSettings &settings = ProgramSettings::instance();
+    m_bible.setSeparator(settings.general.lineBreaks ? QStringLiteral("\r\n") : QStringLiteral(" "));
+    settings.searchLimit = settings.general.maxSearchResults;
+    ApplyStyle(cmbTestaments, settings.display.navigation);
+    ApplyStyle(lstBooks, settings.display.navigation);
+    ApplyStyle(lstChapters, settings.display.navigation);
+    ApplyStyle(lbltitle, settings.display.title);
+    ApplyRichTextStyle(rtfPassage, settings.display.passage);
+    m_header->setFixedHeight(std::max(cmbTestaments->sizeHint().height(), lbltitle->sizeHint().height()));
+    placeHeader();
+
+    cmbTestaments->setCurrentIndex(0);
+    cmbTestaments_Click();
+    if (lstBooks->count() > 0)
+        lstBooks->setCurrentRow(0);
+    if (lstChapters->count() > 0)
+        lstChapters->setCurrentRow(0);
+    rtfPassage->setSelStart(0);
+}
+
+void frmMain::cmbTestaments_Click()
+{
+    lstBooks->clear();
+    lstChapters->clear();
+    const int first = cmbTestaments->currentIndex() == 1 ? m_bible.OldTestamentCount() + 1 : 1;
+    const int last = cmbTestaments->currentIndex() == 1 ? m_bible.BooksCount() : m_bible.OldTestamentCount();
+    QStringList names;
+    for (int b = first; b <= last; ++b)
+        names << m_bible.BookName(b);
+    lstBooks->addItems(names);
+}
+
+void frmMain::lstBooks_Click()
+{
+    lstChapters->clear();
+    const int row = lstBooks->currentRow();
+    if (row < 0)
+        return;
+    const int number = row + 1 + (cmbTestaments->currentIndex() == 1 ? m_bible.OldTestamentCount() : 0);
+    QStringList chapters;
+    for (int c = 1, n = m_bible.Chapters(number); c <= n; ++c)
+        chapters << QString::number(c);
+    lstChapters->addItems(chapters);
+}
+
+void frmMain::lstChapters_Click()
+{
+    const QListWidgetItem *book = lstBooks->currentItem();
+    const QListWidgetItem *chapter = lstChapters->currentItem();
+    if (!book || !chapter)
+        return;
+    const QString text = m_bible.passage(book->text(), chapter->text().toInt(), 0, 0, 0);
+    ShowPassage(PassageFormatter::ToRichText(text, true), m_bible.Standard());
+}
+
+void frmMain::ShowPassage(const QString &rtf, const QString &title)
+{
+    rtfPassage->setTextRTF(rtf);
+    rtfPassage->setSelStart(0);
+    lbltitle->setText(title);
+}
+
+void frmMain::cmdGet_Click()
+{
+    const QString text = m_bible.Passagebystandard(txtReference->text());
+    ShowPassage(PassageFormatter::ToRichText(text, true), m_bible.Standard());
+
+    // An unknown book leaves an empty view, and the lists stay where they were.
+    const int testament = m_bible.Testament();
+    if (!chkUpdateList->isChecked() || rtfPassage->Text().size() <= 3 || (testament != 0 && testament != 1))
+        return;
+    cmbTestaments->setCurrentIndex(testament);
+    cmbTestaments_Click();
+    const int row = m_bible.BookNumber() - 1 - (testament == 1 ? m_bible.OldTestamentCount() : 0);
+    {
+        const QSignalBlocker block(lstBooks);
+        lstBooks->setCurrentRow(row);
+    }
+    lstBooks_Click();
+    // The chapter is marked too, without showing the whole chapter over the verses asked for.
+    const QSignalBlocker block(lstChapters);
+    lstChapters->setCurrentRow(m_bible.CurrentChapter() - 1);
+}
+
+void frmMain::QuickSearch(const QString &text)
+{
+    txtQuery->setText(text);
+    cmdSearch_Click();
+}
+
+void frmMain::cmdSearch_Click()
+{
+    // The search lets the window repaint between books; a second start meanwhile is ignored.
+    if (m_searching || basStrings::TrimBlanks(txtQuery->text()).isEmpty())
+        return;
+    m_searching = true;
+    SSTab1->setCurrentIndex(0);
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    lbltitle->setText(QString());
+    txtQuery->setFocus();
+    rtfPassage->setText(QString());
+    picProgress->setMaximum(std::max(1, m_bible.BooksCount()));
+    picProgress->setValue(0);
+    picProgress->setVisible(true);
+
+    ::QuickSearch search;
+    search.onTitle = [this](const QString &title) { lbltitle->setText(title); };
+    search.onProgress = [this](int value, int) {
+        picProgress->setValue(value);
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    };
+    const ::QuickSearch::Result result =
+        search.run(m_bible, txtQuery->text(), chkWordSearch->isChecked(), ProgramSettings::instance().searchLimit);
+    if (result.outcome != ::QuickSearch::Outcome::Failed && result.outcome != ::QuickSearch::Outcome::TooMany) {
+        rtfPassage->setText(QString());
+        rtfPassage->setSelText(result.results.join(QString()));
+        rtfPassage->setSelStart(0);
+    }
+
+    QApplication::restoreOverrideCursor();
+    picProgress->setVisible(false);
+    m_searching = false;
+}
+
+platform::RichTextBox *frmMain::targetView() const
+{
+    return rtfPassage;
+}
+
+void frmMain::mnuEditSelectAll_Click()
+{
+    platform::RichTextBox *view = targetView();
+    view->setSelStart(0);
+    view->setSelLength(int(view->Text().size()));
+}
+
+void frmMain::mnuEditCopy_Click()
+{
+    const QString selected = targetView()->SelText();
+    if (selected.isEmpty())
+        return;
+    QGuiApplication::clipboard()->clear();
+    QGuiApplication::clipboard()->setText(selected);
+}
+
+void frmMain::mnuEditCopyPassage_Click()
+{
+    const QString text = rtfPassage->Text();
+    if (text.isEmpty())
+        return;
+    QGuiApplication::clipboard()->clear();
+    // The last two characters are the final line break.
+    QGuiApplication::clipboard()->setText(text.left(std::max<qsizetype>(0, text.size() - 2)));
+}
+
+void frmMain::mnuEditCopyBookName_Click()
+{
+    if (const QListWidgetItem *book = lstBooks->currentItem()) {
+        QGuiApplication::clipboard()->clear();
+        QGuiApplication::clipboard()->setText(book->text());
+    }
+}
+
+void frmMain::mnuReferencesUnits_Click()
+{
+    if (basStrings::FileExists(m_unitsPath)) {
+        SSTab1->setCurrentIndex(0);
+        rtfPassage->LoadFile(m_unitsPath);
+        rtfPassage->setSelStart(0);
+        return;
+    }
+    platform::MsgBox(m_unitsPath + QStringLiteral(" is missing.  Feature will be disabled.\r\n") +
+                         QStringLiteral("Reinstall the program to restore it"),
+                     vb::vbCritical);
+}
+
+void frmMain::mnuHelpAbout_Click()
+{
+    frmAbout about(programFile(QStringLiteral("CREDITS.md")), this);
+    about.exec();
+}
+
+void frmMain::LoadSession()
+{
+    ProgramSettings &settings = ProgramSettings::instance();
+    if (!settings.rememberWindows)
+        return;
+    clsIni &ini = settings.Ini();
+    const QString main = QStringLiteral("main");
+    const int state = ini.Data(main, QStringLiteral("windowstate"));
+    const int tx = twipsPerPixelX();
+    const int ty = twipsPerPixelY();
+    if (state == 0) {
+        const int left = ini.Data(main, QStringLiteral("Left"));
+        const int top = ini.Data(main, QStringLiteral("top"));
+        const int width = ini.Data(main, QStringLiteral("width"));
+        const int height = ini.Data(main, QStringLiteral("height"));
+        move(left / tx, top / ty);
+        resize(std::max(width / tx, minimumWidth()), std::max(height / ty, minimumHeight()));
+    } else if (state == 2) {
+        setWindowState(windowState() | Qt::WindowMaximized);
+    }
+    // Splitter positions are twips from the window's inner left edge.
+    const int split1 = ini.Data(main, QStringLiteral("split1")) / tx;
+    const int split0 = ini.Data(main, QStringLiteral("split0")) / tx;
+    const int left = splitter->geometry().left();
+    const int handle = splitter->handleWidth();
+    QList<int> sizes = splitter->sizes();
+    const int total = sizes.value(0) + sizes.value(1) + sizes.value(2);
+    const int books = std::max(split0 - left, lstBooks->minimumWidth());
+    const int chapters = std::max(split1 - split0 - handle, lstChapters->minimumWidth());
+    if (split0 > 0 && split1 > split0)
+        splitter->setSizes({books, chapters, std::max(100, total - books - chapters)});
+    placeHeader();
+}
+
+void frmMain::SaveSession()
+{
+    clsIni &ini = ProgramSettings::instance().Ini();
+    const QString main = QStringLiteral("main");
+    const int state = isMinimized() ? 1 : isMaximized() ? 2 : 0;
+    ini.setData(main, QStringLiteral("windowstate"), state);
+    const int tx = twipsPerPixelX();
+    const int ty = twipsPerPixelY();
+    if (state == 0) {
+        const QRect frame = frameGeometry();
+        ini.setData(main, QStringLiteral("left"), frame.left() * tx);
+        ini.setData(main, QStringLiteral("top"), frame.top() * ty);
+        ini.setData(main, QStringLiteral("width"), frame.width() * tx);
+        ini.setData(main, QStringLiteral("height"), frame.height() * ty);
+    }
+    const QList<int> sizes = splitter->sizes();
+    const int left = splitter->geometry().left();
+    const int handle = splitter->handleWidth();
+    ini.setData(main, QStringLiteral("split0"), (left + sizes.value(0)) * tx);
+    ini.setData(main, QStringLiteral("split1"), (left + sizes.value(0) + handle + sizes.value(1)) * tx);
+}
+
+void frmMain::placeHeader()
+{
+    const QList<int> sizes = splitter->sizes();
+    const int handle = splitter->handleWidth();
+    const int lists = sizes.value(0) + handle + sizes.value(1);
+    const int h = m_header->height();
+    cmbTestaments->setGeometry(0, 0, lists, h);
+    lbltitle->setGeometry(lists + handle, 0, std::max(0, m_header->width() - lists - handle), h);
+}
+
+void frmMain::resizeEvent(QResizeEvent *event)
+{
+    QMainWindow::resizeEvent(event);
+    QTimer::singleShot(0, this, &frmMain::placeHeader);
+}
+
+void frmMain::closeEvent(QCloseEvent *event)
+{
+    SaveSession();
+    event->accept();
+}
+
+bool frmMain::eventFilter(QObject *watched, QEvent *event)
+{
+    // The reference and keyword boxes select their whole text on focus, so typing replaces it.
+    if (event->type() == QEvent::FocusIn) {
+        if (auto *edit = qobject_cast<QLineEdit *>(watched))
+            QTimer::singleShot(0, edit, &QLineEdit::selectAll);
+    }
+    return QMainWindow::eventFilter(watched, event);
+}

@@ -1,0 +1,124 @@
+#pragma once
+
+#include "scripture/clsBible.h"
+
+#include <QMainWindow>
+#include <QStringList>
+
+class QAction;
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QMenu;
+class QProgressBar;
+class QPushButton;
+class QSplitter;
+class QTabWidget;
+class QWidget;
+namespace platform {
+class RichTextBox;
+}
+
+// The main reading window: testament, book and chapter lists on the left, the passage under its
+// title on the right, and the reference and keyword boxes along the bottom. It binds the controls
+// to the Bible text store and the quick search; the logic lives in those.
+class frmMain : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    explicit frmMain(QWidget *parent = nullptr);
+
+    // The store of the open translation.
+    clsBible &Bible() { return m_bible; }
+
+    // Points the window at a translation folder of the program folder (its name, e.g. "KJV") and
+    // fills everything from it.
+    void LoadTranslation(const QString &folder);
+
+    // Puts text into the keyword box and searches for it (used by the passage's word look-ups).
+    void QuickSearch(const QString &text);
+
+    // Fills the passage view with a whole rich-text document and the title label.
+    void ShowPassage(const QString &rtf, const QString &title);
+
+    // Reads "general.cfg" and "display.cfg", then applies them.
+    void LoadSettingsFiles();
+    // Puts the look and the general options in place and shows the first chapter of the Bible.
+    void InitiateSession();
+    void LoadSession();
+    void SaveSession();
+
+    // Paths of optional data files, kept at load for the features that open them.
+    QString NamesPath() const { return m_namesPath; }
+    QString ProphecyPath() const { return m_prophecyPath; }
+    QString UnitsPath() const { return m_unitsPath; }
+    bool HasCommentary() const { return m_hasCommentary; }
+
+    // Menu entries tests and other windows reach.
+    QAction *mnuReferencesStrong = nullptr;
+    QAction *mnuReferencesDictionary = nullptr;
+    QAction *mnuRightclickStrongLexicon = nullptr;
+    QAction *mnuRightclickDictionary = nullptr;
+    QMenu *mnuTranslations = nullptr;
+    QMenu *mnuRightClick = nullptr;
+
+    QComboBox *cmbTestaments = nullptr;
+    QListWidget *lstBooks = nullptr;
+    QListWidget *lstChapters = nullptr;
+    QLineEdit *txtReference = nullptr;
+    QPushButton *cmdGet = nullptr;
+    QCheckBox *chkUpdateList = nullptr;
+    QLineEdit *txtQuery = nullptr;
+    QPushButton *cmdSearch = nullptr;
+    QCheckBox *chkWordSearch = nullptr;
+    QPushButton *cmdCopy = nullptr;
+    QTabWidget *SSTab1 = nullptr;
+    platform::RichTextBox *rtfPassage = nullptr;
+    QLabel *lbltitle = nullptr;
+    QProgressBar *picProgress = nullptr;
+    QSplitter *splitter = nullptr;
+
+signals:
+    // The user chose another translation from the menu.
+    void translationChosen(const QString &folder);
+
+public slots:
+    void cmbTestaments_Click();
+    void lstBooks_Click();
+    void lstChapters_Click();
+    void cmdGet_Click();
+    void cmdSearch_Click();
+    void mnuEditSelectAll_Click();
+    void mnuEditCopy_Click();
+    void mnuEditCopyPassage_Click();
+    void mnuEditCopyBookName_Click();
+    void mnuReferencesUnits_Click();
+    void mnuHelpAbout_Click();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void buildControls();
+    void buildMenus();
+    void buildTranslationsMenu();
+    void checkDataFiles();
+    void placeHeader();
+    platform::RichTextBox *targetView() const;
+    int twipsPerPixelX() const;
+    int twipsPerPixelY() const;
+
+    clsBible m_bible;
+    QString m_translationFolder;
+    QString m_namesPath;
+    QString m_prophecyPath;
+    QString m_unitsPath;
+    bool m_hasCommentary = false;
+    bool m_searching = false;
+    QWidget *m_header = nullptr;
+};

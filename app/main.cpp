@@ -1,0 +1,31 @@
+// quillstone [--dir PROGRAM_FOLDER] [TRANSLATION_FOLDER]
+#include "app/frmLoadVersion.h"
+#include "platform/QtMsgBox.h"
+#include "settings/ProgramSettings.h"
+
+#include <QApplication>
+#include <QStringList>
+
+int main(int argc, char **argv)
+{
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Quillstone Bible System"));
+
+    QStringList args = QApplication::arguments().mid(1);
+    QString folder = qEnvironmentVariable("QUILLSTONE_DIR");
+    if (folder.isEmpty())
+        folder = QApplication::applicationDirPath();
+    if (args.size() >= 2 && args.first() == u"--dir") {
+        args.removeFirst();
+        folder = args.takeFirst();
+    }
+    ProgramSettings::instance().setProgramFolder(folder);
+    platform::InstallWidgetMsgBox();
+
+    frmLoadVersion chooser(args.value(0));
+    if (!chooser.Form_Load())
+        return 1;
+    if (!chooser.Opened())
+        chooser.show();
+    return QApplication::exec();
+}

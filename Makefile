@@ -18,8 +18,7 @@ build: configure
 	cmake --build $(BUILD)
 
 run: build
-	QUILLSTONE_DIR=$(CURDIR)/$(PROGRAM) $(PROGRAM)/quillstone-cli passage "John 3:16"
-	QUILLSTONE_DIR=$(CURDIR)/$(PROGRAM) $(PROGRAM)/quillstone-cli books
+	$(PROGRAM)/quillstone --dir $(CURDIR)/$(PROGRAM)
 
 test: build
 	cd $(BUILD) && ctest --output-on-failure --timeout 600

@@ -2,6 +2,7 @@
 
 #include "app/frmMain.h"
 #include "platform/MsgBox.h"
+#include "platform/Twips.h"
 #include "scripture/basStrings.h"
 #include "settings/ProgramSettings.h"
 
@@ -74,8 +75,8 @@ bool frmLoadVersion::Form_Load()
 
     // 2. The window's own place.
     if (settings.rememberWindows)
-        move(ini.Data(QStringLiteral("load"), QStringLiteral("left")) / 15,
-             ini.Data(QStringLiteral("load"), QStringLiteral("top")) / 15);
+        move(ini.Data(QStringLiteral("load"), QStringLiteral("left")) / platform::TwipsPerPixelX(this),
+             ini.Data(QStringLiteral("load"), QStringLiteral("top")) / platform::TwipsPerPixelY(this));
 
     // 3. The installed translations.
     m_translations = TranslationList::List(programFolder());
@@ -153,8 +154,8 @@ void frmLoadVersion::OpenTranslation(const QString &folder)
 void frmLoadVersion::savePosition()
 {
     clsIni &ini = ProgramSettings::instance().Ini();
-    ini.setData(QStringLiteral("load"), QStringLiteral("left"), pos().x() * 15);
-    ini.setData(QStringLiteral("load"), QStringLiteral("top"), pos().y() * 15);
+    ini.setData(QStringLiteral("load"), QStringLiteral("left"), pos().x() * platform::TwipsPerPixelX(this));
+    ini.setData(QStringLiteral("load"), QStringLiteral("top"), pos().y() * platform::TwipsPerPixelY(this));
 }
 
 void frmLoadVersion::closeEvent(QCloseEvent *event)

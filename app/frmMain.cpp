@@ -3,6 +3,7 @@
 #include "platform/frmAbout.h"
 #include "platform/MsgBox.h"
 #include "platform/RichTextBox.h"
+#include "platform/Twips.h"
 #include "scripture/PassageFormatter.h"
 #include "scripture/QuickSearch.h"
 #include "scripture/TranslationList.h"
@@ -56,14 +57,12 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
 
 int frmMain::twipsPerPixelX() const
 {
-    const int dpi = logicalDpiX();
-    return dpi > 0 ? std::max(1, 1440 / dpi) : 15;
+    return platform::TwipsPerPixelX(this);
 }
 
 int frmMain::twipsPerPixelY() const
 {
-    const int dpi = logicalDpiY();
-    return dpi > 0 ? std::max(1, 1440 / dpi) : 15;
+    return platform::TwipsPerPixelY(this);
 }
 
 void frmMain::buildControls()

@@ -5,7 +5,11 @@ function(qs_target_options target)
     QS_VERSION_MAJOR=${PROJECT_VERSION_MAJOR}
     QS_VERSION_MINOR=${PROJECT_VERSION_MINOR}
     QS_VERSION_PATCH=${PROJECT_VERSION_PATCH})
-  if(QS_SANITIZE)
+  if(QS_FUZZ)
+    # Our own code carries the fuzzer's coverage instrumentation, so it can steer into it.
+    target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link,address,undefined -fno-omit-frame-pointer)
+    target_link_options(${target} PRIVATE -fsanitize=address,undefined)
+  elseif(QS_SANITIZE)
     target_compile_options(${target} PRIVATE -fsanitize=address,undefined -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
     target_link_options(${target} PRIVATE -fsanitize=address,undefined)
   endif()

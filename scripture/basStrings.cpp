@@ -1,6 +1,7 @@
 #include "scripture/basStrings.h"
 
 #include "platform/FileSystem.h"
+#include "platform/Version.h"
 
 namespace basStrings {
 
@@ -54,8 +55,7 @@ bool FileExists(const QString &path)
 
 QString VersionText()
 {
-    return QString::number(QS_VERSION_MAJOR) + u'.' + QString::number(QS_VERSION_MINOR) + u'.' +
-           QString::number(QS_VERSION_PATCH);
+    return platform::VersionText();
 }
 
 int LeadingNumber(QStringView text)

@@ -1,0 +1,28 @@
+#!/bin/sh
+# Takes a screenshot of the main window showing a passage, as a reader would see it.
+# Usage: scripts/screenshot.sh PROGRAM_FOLDER OUTPUT.png [REFERENCE]
+set -eu
+program=$1
+out=$2
+reference=${3:-John 3}
+sh "$(dirname "$0")/setup.sh" xvfb xauth imagemagick xdotool openbox
+xvfb-run -a -s "-screen 0 1280x860x24" sh -c "
+    openbox >/dev/null 2>&1 &
+    sleep 1
+    '$program/quillstone' --dir '$program' >/dev/null 2>&1 &
+    app=\$!
+    for i in 1 2 3 4 5 6 7 8 9 10; do
+        wid=\$(xdotool search --name 'Quillstone Bible' 2>/dev/null | head -n 1)
+        [ -n \"\$wid\" ] && break
+        sleep 1
+    done
+    xdotool windowactivate --sync \$wid 2>/dev/null || true
+    sleep 1
+    xdotool key --window \$wid alt+r
+    xdotool type --delay 40 '$reference'
+    xdotool key Return
+    sleep 1
+    import -window \$wid '$out'
+    kill \$app
+"
+echo "$out"

@@ -1,0 +1,68 @@
+#include "settings/ProgramSettings.h"
+
+#include <QCoreApplication>
+#include <QDir>
+
+ProgramSettings &ProgramSettings::instance()
+{
+    static ProgramSettings settings;
+    return settings;
+}
+
+QString ProgramSettings::programFolder() const
+{
+    if (!m_programFolder.isEmpty())
+        return m_programFolder;
+    const QString folder = QCoreApplication::applicationDirPath();
+    return folder.isEmpty() ? QDir::currentPath() : folder;
+}
+
+void ProgramSettings::setProgramFolder(const QString &folder)
+{
+    m_programFolder = folder;
+    m_ini.reset();
+}
+
+QString ProgramSettings::windowIniPath() const
+{
+    return QDir(programFolder()).filePath(QStringLiteral("window.ini"));
+}
+
+QString ProgramSettings::generalFilePath() const
+{
+    return QDir(programFolder()).filePath(QStringLiteral("general.cfg"));
+}
+
+QString ProgramSettings::displayFilePath() const
+{
+    return QDir(programFolder()).filePath(QStringLiteral("display.cfg"));
+}
+
+clsIni &ProgramSettings::Ini()
+{
+    if (!m_ini)
+        CreateIni();
+    return *m_ini;
+}
+
+bool ProgramSettings::CreateIni()
+{
+    m_ini = std::make_unique<clsIni>();
+    return m_ini->Create(windowIniPath());
+}
+
+void ProgramSettings::readSettingsFiles()
+{
+    general.read(generalFilePath());
+    display.read(displayFilePath());
+}
+
+bool ProgramSettings::writeGeneralSettings() const
+{
+    return general.write(generalFilePath());
+}
+
+bool ProgramSettings::writeDisplaySettings() const
+{
+    return display.write(displayFilePath());
+}

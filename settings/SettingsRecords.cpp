@@ -1,0 +1,238 @@
+#include "settings/SettingsRecords.h"
+
+#include "platform/FileSystem.h"
+#include "platform/MsgBox.h"
+#include "platform/TextCodec.h"
+
+#include <QtEndian>
+#include <array>
+#include <optional>
+
+namespace {
+
+// The standard Windows palette of the system colours, by index (GetSysColor on a fresh system).
+constexpr std::array<QRgb, 31> SystemColors = {
+    qRgb(200, 200, 200), // 0 scroll bar
+    qRgb(0, 0, 0),       // 1 desktop
+    qRgb(153, 180, 209), // 2 active caption
+    qRgb(191, 205, 219), // 3 inactive caption
+    qRgb(240, 240, 240), // 4 menu
+    qRgb(255, 255, 255), // 5 window
+    qRgb(100, 100, 100), // 6 window frame
+    qRgb(0, 0, 0),       // 7 menu text
+    qRgb(0, 0, 0),       // 8 window text
+    qRgb(0, 0, 0),       // 9 caption text
+    qRgb(180, 180, 180), // 10 active border
+    qRgb(244, 247, 252), // 11 inactive border
+    qRgb(171, 171, 171), // 12 application workspace
+    qRgb(0, 120, 215),   // 13 highlight
+    qRgb(255, 255, 255), // 14 highlight text
+    qRgb(240, 240, 240), // 15 button face
+    qRgb(160, 160, 160), // 16 button shadow
+    qRgb(109, 109, 109), // 17 grey text
+    qRgb(0, 0, 0),       // 18 button text
+    qRgb(0, 0, 0),       // 19 inactive caption text
+    qRgb(255, 255, 255), // 20 button highlight
+    qRgb(105, 105, 105), // 21 3D dark shadow
+    qRgb(227, 227, 227), // 22 3D light
+    qRgb(0, 0, 0),       // 23 tooltip text
+    qRgb(255, 255, 225), // 24 tooltip background
+    qRgb(0, 0, 0),       // 25 unused
+    qRgb(0, 102, 204),   // 26 hot-tracked item
+    qRgb(185, 209, 234), // 27 active caption gradient
+    qRgb(215, 228, 242), // 28 inactive caption gradient
+    qRgb(0, 120, 215),   // 29 menu highlight
+    qRgb(240, 240, 240), // 30 menu bar
+};
+
+void putInt32(QByteArray &bytes, qint32 value)
+{
+    char raw[4];
+    qToLittleEndian(value, raw);
+    bytes.append(raw, 4);
+}
+
+void putInt16(QByteArray &bytes, qint16 value)
+{
+    char raw[2];
+    qToLittleEndian(value, raw);
+    bytes.append(raw, 2);
+}
+
+qint32 int32At(QByteArrayView bytes, qsizetype offset)
+{
+    return qFromLittleEndian<qint32>(bytes.data() + offset);
+}
+
+qint16 int16At(QByteArrayView bytes, qsizetype offset)
+{
+    return qFromLittleEndian<qint16>(bytes.data() + offset);
+}
+
+// The font name is stored as single-byte ANSI characters; one that has no such byte becomes "?",
+// as Windows itself writes it.
+QByteArray ansiBytes(const QString &text)
+{
+    QByteArray bytes;
+    bytes.reserve(text.size());
+    for (const QChar c : text) {
+        const QString one(c);
+        bytes.append(platform::FitsWindows1252(one)
+                         ? platform::EncodeText(one, platform::TextEncoding::Windows1252)
+                         : QByteArray("?"));
+    }
+    return bytes;
+}
+
+// The record at the start of the file, or nothing when the file is missing or too short.
+std::optional<QByteArray> readRecord(const QString &path, int length)
+{
+    std::optional<QByteArray> bytes = platform::ReadFileBytes(path);
+    if (!bytes || bytes->size() < length)
+        return std::nullopt;
+    return bytes->left(length);
+}
+
+// Replaces record 1 and keeps whatever a longer file holds beyond it.
+bool writeRecord(const QString &path, const QByteArray &record)
+{
+    QByteArray bytes = platform::ReadFileBytes(path).value_or(QByteArray());
+    if (bytes.size() > record.size())
+        bytes.replace(0, record.size(), record);
+    else
+        bytes = record;
+    const QString failure = platform::WriteFileAtomically(path, bytes);
+    if (failure.isEmpty())
+        return true;
+    platform::MsgBox(QStringLiteral("The settings could not be saved to '") + path +
+                         QStringLiteral("'.\r\n") + failure +
+                         QStringLiteral("\r\nThe file was left as it was."),
+                     vb::vbOKOnly | vb::vbExclamation);
+    return false;
+}
+
+} // namespace
+
+QColor WindowsColorToQColor(qint32 value)
+{
+    const auto bits = static_cast<quint32>(value);
+    if (bits & 0x80000000u) {
+        const quint32 index = bits & 0x00FFFFFFu;
+        return index < SystemColors.size() ? QColor(SystemColors[index]) : QColor(Qt::black);
+    }
+    return QColor(int(bits & 0xFF), int((bits >> 8) & 0xFF), int((bits >> 16) & 0xFF));
+}
+
+qint32 QColorToWindowsColor(const QColor &color)
+{
+    const QColor rgb = color.toRgb();
+    return qint32(rgb.red()) | (qint32(rgb.green()) << 8) | (qint32(rgb.blue()) << 16);
+}
+
+QString TextStyle::FixedFontName(const QString &name)
+{
+    return name.left(FontNameLength).leftJustified(FontNameLength, u' ');
+}
+
+QString TextStyle::trimFontName()
+{
+    QString name = FontName;
+    const qsizetype nul = name.indexOf(QChar(0));
+    if (nul >= 0)
+        name.truncate(nul);
+    // Only blanks are padding: a tab or other character belongs to the name as stored.
+    while (name.startsWith(u' '))
+        name.remove(0, 1);
+    while (name.endsWith(u' '))
+        name.chop(1);
+    FontName = FixedFontName(name);
+    return name;
+}
+
+QByteArray TextStyle::toBytes() const
+{
+    QByteArray bytes;
+    bytes.reserve(RecordLength);
+    putInt32(bytes, BackColor);
+    putInt32(bytes, ForeColor);
+    bytes.append(ansiBytes(FixedFontName(FontName)));
+    putInt32(bytes, FontSize);
+    putInt16(bytes, FontBold);
+    putInt16(bytes, FontItalic);
+    return bytes;
+}
+
+TextStyle TextStyle::fromBytes(QByteArrayView bytes)
+{
+    TextStyle style;
+    if (bytes.size() < RecordLength)
+        return style;
+    style.BackColor = int32At(bytes, 0);
+    style.ForeColor = int32At(bytes, 4);
+    style.FontName = platform::DecodeWindows1252(bytes.sliced(8, FontNameLength));
+    style.FontSize = int32At(bytes, 40);
+    style.FontBold = int16At(bytes, 44);
+    style.FontItalic = int16At(bytes, 46);
+    return style;
+}
+
+QByteArray DisplaySettings::toBytes() const
+{
+    QByteArray bytes = navigation.toBytes() + passage.toBytes() + title.toBytes();
+    putInt32(bytes, RightClickColor);
+    return bytes;
+}
+
+DisplaySettings DisplaySettings::fromBytes(QByteArrayView bytes)
+{
+    DisplaySettings display;
+    if (bytes.size() < RecordLength)
+        return display;
+    display.navigation = TextStyle::fromBytes(bytes.sliced(0, TextStyle::RecordLength));
+    display.passage = TextStyle::fromBytes(bytes.sliced(48, TextStyle::RecordLength));
+    display.title = TextStyle::fromBytes(bytes.sliced(96, TextStyle::RecordLength));
+    display.RightClickColor = int32At(bytes, 144);
+    return display;
+}
+
+bool DisplaySettings::read(const QString &path)
+{
+    const std::optional<QByteArray> record = readRecord(path, RecordLength);
+    *this = record ? fromBytes(*record) : Defaults();
+    return record.has_value();
+}
+
+bool DisplaySettings::write(const QString &path) const
+{
+    return writeRecord(path, toBytes());
+}
+
+QByteArray GeneralSettings::toBytes() const
+{
+    QByteArray bytes;
+    putInt16(bytes, lineBreaks);
+    putInt16(bytes, maxSearchResults);
+    return bytes;
+}
+
+GeneralSettings GeneralSettings::fromBytes(QByteArrayView bytes)
+{
+    GeneralSettings general;
+    if (bytes.size() < RecordLength)
+        return general;
+    general.lineBreaks = int16At(bytes, 0);
+    general.maxSearchResults = int16At(bytes, 2);
+    return general;
+}
+
+bool GeneralSettings::read(const QString &path)
+{
+    const std::optional<QByteArray> record = readRecord(path, RecordLength);
+    *this = record ? fromBytes(*record) : Defaults();
+    return record.has_value();
+}
+
+bool GeneralSettings::write(const QString &path) const
+{
+    return writeRecord(path, toBytes());
+}

@@ -1,7 +1,7 @@
 // The Bible text store and the reference parser, driven the way the window and the command line
 // drive them, on small translation folders made for each test.
 #include "../support/TranslationFixture.h"
-#include "platform/MsgBox.h"
+#include "platform/MsgBoxAnswerer.h"
 #include "scripture/clsBible.h"
 
 #include <QTemporaryDir>
@@ -15,7 +15,7 @@ class TestBible : public QObject
 
     QTemporaryDir m_dir;
     QString m_bible;
-    QStringList m_messages;
+    platform::MsgBoxAnswerer m_answers;
 
     static QString verses(const QString &book, int chapter, int from, int to)
     {
@@ -28,10 +28,6 @@ class TestBible : public QObject
 private slots:
     void initTestCase()
     {
-        platform::setMsgBoxHandler([this](const QString &prompt, int, const QString &) {
-            m_messages << prompt;
-            return 1;
-        });
         QList<Book> special = {
             {QStringLiteral("Genesis"), false, chapters(QStringLiteral("Genesis"), {31, 25, 24, 26, 32})},
             {QStringLiteral("Judges"), false, chapters(QStringLiteral("Judges"), {36, 23})},
@@ -43,8 +39,6 @@ private slots:
                                  QStringLiteral("chapter 3"));
         m_bible = makeTranslation(m_dir.path(), QStringLiteral("TEST"), wholeBible(special));
     }
-
-    void cleanupTestCase() { platform::setMsgBoxHandler({}); }
 
     void counts()
     {
@@ -139,34 +133,34 @@ private slots:
                         {{longName, false, chapters(longName.left(30), {2})},
                          {QStringLiteral("Last"), true, chapters(QStringLiteral("Last"), {1})}});
         clsBible bible;
-        m_messages.clear();
+        m_answers.clear();
         bible.setVersionPath(dir.path() + QStringLiteral("/LONG"));
-        QVERIFY(m_messages.isEmpty());
+        QVERIFY((m_answers.count() == 0));
         QCOMPARE(bible.BookName(1), longName.left(30));
         QCOMPARE(bible.NewTestamentCount(), 1);
         QVERIFY(!bible.Passagebystandard(QStringLiteral("abc 1:2")).isEmpty());
 
         // A count over 255 and more than 100 books are reported and stop the load.
         writeFile(dir.path() + QStringLiteral("/LONG/oldtest/map.dat"), "\"Genesis\",300\r\n");
-        m_messages.clear();
+        m_answers.clear();
         bible.setVersionPath(dir.path() + QStringLiteral("/LONG"));
-        QCOMPARE(m_messages, QStringList{QStringLiteral("Err #6 ocurred(Overflow)")});
+        QCOMPARE(m_answers.prompts(), QStringList{QStringLiteral("Err #6 ocurred(Overflow)")});
         QByteArray many;
         for (int i = 0; i < 120; ++i)
             many += "Book" + QByteArray::number(i) + ",1\r\n";
         writeFile(dir.path() + QStringLiteral("/LONG/oldtest/map.dat"), many);
-        m_messages.clear();
+        m_answers.clear();
         bible.setVersionPath(dir.path() + QStringLiteral("/LONG"));
-        QCOMPARE(m_messages, QStringList{QStringLiteral("Err #9 ocurred(Subscript out of range)")});
+        QCOMPARE(m_answers.prompts(), QStringList{QStringLiteral("Err #9 ocurred(Subscript out of range)")});
         QVERIFY(bible.BooksCount() <= clsBible::MaxBooks);
         bible.Passagebystandard(QStringLiteral("Book99 1"));
 
         // A missing map names its path.
         QFile::remove(dir.path() + QStringLiteral("/LONG/oldtest/map.dat"));
-        m_messages.clear();
+        m_answers.clear();
         bible.setVersionPath(dir.path() + QStringLiteral("/LONG"));
-        QCOMPARE(m_messages.size(), 1);
-        QVERIFY(m_messages.first().endsWith(QStringLiteral("oldtest/map.dat is missing or is corrupt")));
+        QCOMPARE(m_answers.count(), 1);
+        QVERIFY(m_answers.prompts().first().endsWith(QStringLiteral("oldtest/map.dat is missing or is corrupt")));
     }
 
     void caseBlindFilesAndJunk()
@@ -195,10 +189,10 @@ private slots:
         QFile::remove(dir.path() + QStringLiteral("/GONE/newtest/MARK.dat"));
         clsBible bible;
         bible.setVersionPath(dir.path() + QStringLiteral("/GONE"));
-        m_messages.clear();
+        m_answers.clear();
         QVERIFY(bible.Passagebystandard(QStringLiteral("Mark 1")).isEmpty());
-        QCOMPARE(m_messages.size(), 1);
-        QVERIFY(m_messages.first().startsWith(QStringLiteral("Err #53 ocurred(File not found")));
+        QCOMPARE(m_answers.count(), 1);
+        QVERIFY(m_answers.prompts().first().startsWith(QStringLiteral("Err #53 ocurred(File not found")));
     }
 };
 

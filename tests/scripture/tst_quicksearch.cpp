@@ -1,7 +1,7 @@
 // The quick keyword search over a translation: matching, whole words, the result limit and its
 // three titles, and the order and form of the results.
 #include "../support/TranslationFixture.h"
-#include "platform/MsgBox.h"
+#include "platform/MsgBoxAnswerer.h"
 #include "scripture/QuickSearch.h"
 #include "scripture/clsBible.h"
 
@@ -16,11 +16,11 @@ class TestQuickSearch : public QObject
 
     QTemporaryDir m_dir;
     clsBible m_bible;
-    QStringList m_messages;
+    platform::MsgBoxAnswerer m_answers;
 
     QuickSearch::Result search(const QString &query, bool wholeWord = false, int limit = 500)
     {
-        m_messages.clear();
+        m_answers.clear();
         QuickSearch quick;
         return quick.run(m_bible, query, wholeWord, limit);
     }
@@ -28,10 +28,6 @@ class TestQuickSearch : public QObject
 private slots:
     void initTestCase()
     {
-        platform::setMsgBoxHandler([this](const QString &prompt, int, const QString &) {
-            m_messages << prompt;
-            return 1;
-        });
         QList<Book> books = {
             {QStringLiteral("Genesis"), false,
              {"CHAPTER 1", "1 In the beginning GOD created", "2 and God's spirit moved", "CHAPTER 2",
@@ -42,8 +38,6 @@ private slots:
         makeTranslation(m_dir.path(), QStringLiteral("S"), books);
         m_bible.setVersionPath(m_dir.path() + QStringLiteral("/S"));
     }
-    void cleanupTestCase() { platform::setMsgBoxHandler({}); }
-
     void matching_data()
     {
         QTest::addColumn<QString>("query");
@@ -76,7 +70,7 @@ private slots:
         const QuickSearch::Result r = search(query, wholeWord);
         QCOMPARE(r.results, results);
         QCOMPARE(r.matchCount, results.size());
-        QVERIFY(m_messages.isEmpty());
+        QVERIFY((m_answers.count() == 0));
     }
 
     void limits()
@@ -91,19 +85,19 @@ private slots:
         QCOMPARE(r.outcome, QuickSearch::Outcome::AtLimit);
         QCOMPARE(r.title, QStringLiteral("Searching: Matthew..."));
         QCOMPARE(r.results.size(), 7);
-        QVERIFY(m_messages.isEmpty());
+        QVERIFY((m_answers.count() == 0));
 
         // More: the message names the limit, limit + 1 results are kept, the scan stops in the
         // book where the limit was passed.
         QStringList titles;
         QuickSearch quick;
         quick.onTitle = [&](const QString &t) { titles << t; };
-        m_messages.clear();
+        m_answers.clear();
         r = quick.run(m_bible, QStringLiteral("god"), false, 2);
         QCOMPARE(r.outcome, QuickSearch::Outcome::OverLimit);
         QCOMPARE(r.results.size(), 3);
         QCOMPARE(r.title, QStringLiteral("First 2 results."));
-        QCOMPARE(m_messages, QStringList{QStringLiteral("There were over a 2 results for your search,\r\n"
+        QCOMPARE(m_answers.prompts(), QStringList{QStringLiteral("There were over a 2 results for your search,\r\n"
                                                         "please narrow it down or use the advanced search feature!")});
         QCOMPARE(titles, (QStringList{QString(), "Searching: Genesis...", "First 2 results."}));
 
@@ -123,17 +117,17 @@ private slots:
         clsBible bible;
         bible.setVersionPath(dir.path() + QStringLiteral("/F"));
         QuickSearch quick;
-        m_messages.clear();
+        m_answers.clear();
         QuickSearch::Result r = quick.run(bible, QStringLiteral("x"), false, 10);
         QCOMPARE(r.outcome, QuickSearch::Outcome::Failed);
-        QCOMPARE(m_messages, QStringList{QStringLiteral("Err #62 ocurred(Input past end of file)")});
+        QCOMPARE(m_answers.prompts(), QStringList{QStringLiteral("Err #62 ocurred(Input past end of file)")});
 
         QFile::remove(dir.path() + QStringLiteral("/F/oldtest/GENESIS.dat"));
-        m_messages.clear();
+        m_answers.clear();
         r = quick.run(bible, QStringLiteral("x"), false, 10);
         QCOMPARE(r.outcome, QuickSearch::Outcome::Failed);
         QCOMPARE(r.title, QStringLiteral("Searching: Genesis..."));
-        QVERIFY(m_messages.value(0).startsWith(QStringLiteral("Err #53 ocurred(File not found")));
+        QVERIFY(m_answers.prompts().value(0).startsWith(QStringLiteral("Err #53 ocurred(File not found")));
     }
 };
 

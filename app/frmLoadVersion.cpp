@@ -106,8 +106,6 @@ bool frmLoadVersion::Form_Load()
             platform::MsgBox(QStringLiteral("An invalid version path was saved in the settings, ignoring and resuming"),
                              vb::vbCritical | vb::vbOKOnly);
     }
-    if (!m_opened && lstVersions->count() > 0)
-        lstVersions->setCurrentRow(0);
     return true;
 }
 

@@ -416,6 +416,8 @@ void frmMain::cmdSearch_Click()
     QApplication::restoreOverrideCursor();
     picProgress->setVisible(false);
     m_searching = false;
+    if (!result.failureMessage.isEmpty())
+        platform::MsgBox(result.failureMessage);
 }
 
 platform::RichTextBox *frmMain::targetView() const

@@ -73,14 +73,14 @@ QuickSearch::Result QuickSearch::run(const clsBible &store, const QString &query
     } catch (const std::bad_alloc &) {
         result.outcome = Outcome::TooMany;
         result.results.clear();
-        platform::MsgBox(
-            QStringLiteral("There were too many results to List!!!  Try to modify your search query"));
+        result.failureMessage =
+            QStringLiteral("There were too many results to List!!!  Try to modify your search query");
         setTitle(QString::number(result.matchCount) + QStringLiteral("+ matches were found"));
         return result;
     } catch (const VbError &error) {
         result.outcome = Outcome::Failed;
         result.results.clear();
-        platform::MsgBox(platform::ErrText(error.number, error.description));
+        result.failureMessage = platform::ErrText(error.number, error.description);
         return result;
     }
 

@@ -8,8 +8,8 @@ class clsBible;
 
 // The quick keyword search: every line of every book that holds all the typed keywords, each
 // listed as "Book chapter:verse line". The window and the command line drive the same search; it
-// reports the changing title and the progress through callbacks and tells the user about too many
-// results or a failure through the message wrapper.
+// reports the changing title and the progress through callbacks, tells the user about too many
+// results through the message wrapper, and hands back the message of a failure.
 class QuickSearch
 {
 public:
@@ -28,6 +28,9 @@ public:
         QStringList results; // each ends with two line breaks
         int matchCount = 0;
         QString title;       // the title label's text at the end
+        // What to tell the user when the search failed; the caller shows it once the window
+        // has its normal pointer back.
+        QString failureMessage;
     };
 
     // The title label changes as the search goes through the books.

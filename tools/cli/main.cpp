@@ -103,6 +103,8 @@ int searchCommand(const clsBible &bible, const QString &folder, QStringList args
     const QuickSearch::Result result = search.run(bible, args.first(), wholeWord, limit);
     for (const QString &text : result.results)
         out(text);
+    if (!result.failureMessage.isEmpty())
+        platform::MsgBox(result.failureMessage);
     out(result.title + u'\n');
     return result.outcome == QuickSearch::Outcome::Failed ||
                    result.outcome == QuickSearch::Outcome::TooMany

@@ -1,0 +1,67 @@
+#include "platform/clsCommonColorDialog.h"
+
+#include <QColorDialog>
+
+namespace {
+clsCommonColorDialog::TestAnswer &testAnswer()
+{
+    static clsCommonColorDialog::TestAnswer answer;
+    return answer;
+}
+} // namespace
+
+int clsCommonColorDialog::CustomColors(int index) const
+{
+    if (index < 0 || index >= CustomColorCount)
+        return 0;
+    return m_customColors[size_t(index)];
+}
+
+void clsCommonColorDialog::setCustomColors(int index, int color)
+{
+    if (index >= 0 && index < CustomColorCount)
+        m_customColors[size_t(index)] = color;
+}
+
+QColor clsCommonColorDialog::ToQColor(int color)
+{
+    return QColor(color & 0xFF, (color >> 8) & 0xFF, (color >> 16) & 0xFF);
+}
+
+int clsCommonColorDialog::FromQColor(const QColor &color)
+{
+    return color.red() | (color.green() << 8) | (color.blue() << 16);
+}
+
+clsCommonColorDialog::TestAnswer clsCommonColorDialog::setTestAnswer(TestAnswer answer)
+{
+    TestAnswer old = std::move(testAnswer());
+    testAnswer() = std::move(answer);
+    return old;
+}
+
+bool clsCommonColorDialog::Show(QWidget *owner)
+{
+    if (const TestAnswer &answer = testAnswer()) {
+        // The answer works on a copy so that a cancelled answer changes nothing, as a real
+        // cancelled dialog does.
+        clsCommonColorDialog copy = *this;
+        if (!answer(copy))
+            return false;
+        *this = copy;
+        return true;
+    }
+
+    // The dialog's custom colours are shared by the whole program; this object's own set is put
+    // in before showing and taken back after OK.
+    for (int i = 0; i < CustomColorCount; ++i)
+        QColorDialog::setCustomColor(i, ToQColor(m_customColors[size_t(i)]));
+
+    QColorDialog dialog(RGBInit() ? ToQColor(m_color) : QColor(Qt::black), owner);
+    if (dialog.exec() != QDialog::Accepted)
+        return false;
+    m_color = FromQColor(dialog.selectedColor());
+    for (int i = 0; i < CustomColorCount; ++i)
+        m_customColors[size_t(i)] = FromQColor(QColorDialog::customColor(i));
+    return true;
+}

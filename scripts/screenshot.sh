@@ -12,7 +12,7 @@ xvfb-run -a -s "-screen 0 1280x860x24" sh -c "
     '$program/quillstone' --dir '$program' >/dev/null 2>&1 &
     app=\$!
     for i in 1 2 3 4 5 6 7 8 9 10; do
-        wid=\$(xdotool search --name 'Quillstone Bible' 2>/dev/null | head -n 1)
+        wid=\$(xdotool search --name ' - Quillstone Bible ' 2>/dev/null | head -n 1)
         [ -n \"\$wid\" ] && break
         sleep 1
     done

@@ -89,3 +89,8 @@ void BookFiles::clear()
 {
     cache().clear();
 }
+
+bool BookFiles::IsChapterMarker(QStringView line)
+{
+    return line.left(7).trimmed().compare(u"CHAPTER", Qt::CaseInsensitive) == 0;
+}

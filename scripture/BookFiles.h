@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <QStringView>
 #include <memory>
 
 // Decoded book files, kept while they are unchanged on disk. Fetching a passage and searching the
@@ -24,5 +25,8 @@ public:
     static std::shared_ptr<const Content> upperLines(const QString &path);
 
     static void forget(const QString &path);
+
+    // A chapter marker line: its first seven characters, trimmed, read "CHAPTER" in any case.
+    static bool IsChapterMarker(QStringView line);
     static void clear();
 };

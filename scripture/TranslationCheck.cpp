@@ -2,6 +2,7 @@
 
 #include "platform/FileSystem.h"
 #include "platform/VbError.h"
+#include "scripture/BookFiles.h"
 #include "scripture/BookMap.h"
 #include "scripture/basStrings.h"
 
@@ -10,11 +11,6 @@
 namespace TranslationCheck {
 
 namespace {
-
-bool isMarkerLine(QStringView line)
-{
-    return line.left(7).trimmed().compare(u"CHAPTER", Qt::CaseInsensitive) == 0;
-}
 
 void checkBook(const QString &folder, const BookMap::Entry &book, QStringList &problems)
 {
@@ -38,7 +34,7 @@ void checkBook(const QString &folder, const BookMap::Entry &book, QStringList &p
     for (const QString &line : file->lines) {
         ++lineNumber;
         const QString where = name + u' ' + (chapter > 0 ? QString::number(chapter) : QStringLiteral("(before the first chapter)"));
-        if (isMarkerLine(line)) {
+        if (BookFiles::IsChapterMarker(line)) {
             endChapter();
             ++markers;
             const QStringView number = basStrings::TrimBlanks(QStringView(line).mid(7));

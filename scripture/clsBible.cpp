@@ -14,11 +14,6 @@
 
 namespace {
 
-bool isMarker(QStringView line)
-{
-    return line.left(7).trimmed().compare(u"CHAPTER", Qt::CaseInsensitive) == 0;
-}
-
 // Whether a line, trimmed and upper-cased, is "CHAPTER " followed by the number.
 bool isMarkerOf(QStringView line, const QString &number)
 {
@@ -171,7 +166,7 @@ QString clsBible::passage(QString book, int chapterFrom, int verseFrom, int chap
             inside = true;
         if (!inside)
             continue;
-        if (isMarker(line)) {
+        if (BookFiles::IsChapterMarker(line)) {
             chapter = basStrings::LeadingNumber(QStringView(line).mid(7));
             if (m_inTextReference)
                 parts.append({book + u' ' + QString::number(chapter), true, chapter});

@@ -1,3 +1,6 @@
+# The font library keeps its cache until exit; the leak checker is told so.
+set(QS_LSAN_ENV "LSAN_OPTIONS=suppressions=${CMAKE_CURRENT_LIST_DIR}/../tests/lsan.supp")
+
 # Warnings are errors in our own code; sanitizers when asked for.
 function(qs_target_options target)
   target_compile_options(${target} PRIVATE -Wall -Wextra -Werror)
@@ -23,7 +26,7 @@ function(qs_add_test name)
   target_link_libraries(${name} PRIVATE Qt6::Test ${T_LIBS})
   qs_target_options(${name})
   add_test(NAME ${name} COMMAND ${name})
-  set_tests_properties(${name} PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QS_SOURCE_DIR=${CMAKE_SOURCE_DIR};QS_PROGRAM_DIR=${QS_PROGRAM_DIR}")
+  set_tests_properties(${name} PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QS_SOURCE_DIR=${CMAKE_SOURCE_DIR};QS_PROGRAM_DIR=${QS_PROGRAM_DIR};${QS_LSAN_ENV}")
 endfunction()
 
 # A fuzz target: a source defining LLVMFuzzerTestOneInput and a folder of seed inputs.
@@ -43,6 +46,6 @@ function(qs_add_fuzz_target name)
   qs_target_options(${name})
   if(NOT QS_FUZZ)
     add_test(NAME ${name}_replay COMMAND ${name} ${F_CORPUS})
-    set_tests_properties(${name}_replay PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+    set_tests_properties(${name}_replay PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;${QS_LSAN_ENV}")
   endif()
 endfunction()

@@ -6,6 +6,7 @@ build=$1
 seconds=${2:-60}
 src=$(cd "$(dirname "$0")/.." && pwd)
 status=0
+export LSAN_OPTIONS="suppressions=$src/tests/lsan.supp"
 for target in "$build"/fuzz/fuzz_*; do
     [ -x "$target" ] || continue
     name=$(basename "$target")

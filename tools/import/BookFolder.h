@@ -14,8 +14,8 @@ class ImportLog;
 struct BookText
 {
     QString name;
-    int testament = 0;               // 0 "oldtest", 1 "newtest"
-    QList<QStringList> chapters;     // lines under "CHAPTER 1", "CHAPTER 2", ...
+    int testament = 0;           // 0 "oldtest", 1 "newtest"
+    QList<QStringList> chapters; // lines under "CHAPTER 1", "CHAPTER 2", ...
 };
 
 struct BookFolder

@@ -54,7 +54,14 @@ QStringList CommentaryConverter::paragraphs(std::string_view osis)
          t = reader.next()) {
         const std::string_view name = reader.name();
         if (t == MarkupReader::Token::Text) {
-            current += QString::fromUtf8(reader.text());
+            QString text = QString::fromUtf8(reader.text());
+            // Verse numbers in the module sometimes keep a "#" from their source: "ver. #(8)".
+            const qsizetype codes = text.count(QStringLiteral("#("));
+            if (codes > 0) {
+                text.replace(QStringLiteral("#("), QStringLiteral("("));
+                m_log.count(m_work, QStringLiteral("stray # codes removed"), codes);
+            }
+            current += text;
             continue;
         }
         if (t == MarkupReader::Token::Start && name == "title") {

@@ -11,7 +11,14 @@ namespace importer {
 class MarkupReader
 {
 public:
-    enum class Token { Text, Start, End, Empty, Finished };
+    enum class Token
+    {
+        Text,
+        Start,
+        End,
+        Empty,
+        Finished
+    };
 
     explicit MarkupReader(std::string_view markup) : m_markup(markup) {}
 

@@ -43,7 +43,8 @@ QString tidy(QString s)
 QString targetNumber(const std::string &target)
 {
     const size_t colon = target.rfind(':');
-    QString digits = QString::fromStdString(colon == std::string::npos ? target : target.substr(colon + 1));
+    QString digits =
+        QString::fromStdString(colon == std::string::npos ? target : target.substr(colon + 1));
     bool ok = false;
     const int n = digits.toInt(&ok);
     return ok ? QString::number(n) : QString();
@@ -122,12 +123,15 @@ StrongsEntry ParseStrongsEntry(std::string_view tei, QChar language)
     entry.language = language;
     const bool hebrew = language == u'H';
 
-    enum class Part { Head, Definition };
+    enum class Part
+    {
+        Head,
+        Definition
+    };
     Part part = Part::Head;
     QString definition;
     QStringList segments;
     QString segment;
-    bool sawPronunciation = false;
 
     MarkupReader reader(tei);
     for (MarkupReader::Token t = reader.next(); t != MarkupReader::Token::Finished;
@@ -160,7 +164,6 @@ StrongsEntry ParseStrongsEntry(std::string_view tei, QChar language)
             if (part == Part::Head) {
                 if (name == "pron") {
                     entry.pronunciation = inner;
-                    sawPronunciation = true;
                     part = Part::Definition;
                 } else if (type == "trans") {
                     entry.transliteration = inner;
@@ -206,7 +209,6 @@ StrongsEntry ParseStrongsEntry(std::string_view tei, QChar language)
     }
     if (!tidy(segment).isEmpty())
         segments.append(tidy(segment));
-    Q_UNUSED(sawPronunciation);
 
     definition = tidy(definition);
     if (definition.compare(QStringLiteral("Not Used"), Qt::CaseInsensitive) == 0 ||
@@ -215,18 +217,15 @@ StrongsEntry ParseStrongsEntry(std::string_view tei, QChar language)
         return entry;
     }
     // The renderings of the KJV follow ":--" in the Greek and " - " in the Hebrew dictionary.
-    qsizetype split = definition.indexOf(QStringLiteral(":--"));
-    qsizetype skip = 3;
-    if (split < 0) {
-        split = definition.indexOf(QStringLiteral(":-- "));
-    }
-    if (split < 0) {
-        split = definition.indexOf(QStringLiteral(" - "));
-        skip = 3;
-    }
-    if (split < 0 && definition.indexOf(QStringLiteral("--")) >= 0) {
-        split = definition.indexOf(QStringLiteral("--"));
-        skip = 2;
+    qsizetype split = -1;
+    qsizetype skip = 0;
+    for (const QString &mark :
+         {QStringLiteral(":--"), QStringLiteral(" - "), QStringLiteral("--")}) {
+        split = definition.indexOf(mark);
+        if (split >= 0) {
+            skip = mark.size();
+            break;
+        }
     }
     if (split >= 0) {
         entry.sense = tidy(definition.left(split));

@@ -31,11 +31,13 @@ SwordLibrary::SwordLibrary(const QString &confFolder, const QString &swordFolder
     }
     const QString modules = QDir(swordFolder).filePath(QStringLiteral("modules"));
     if (!QFileInfo(modules).isDir()) {
-        m_error = QStringLiteral("no SWORD module data in ") + modules +
-                  QStringLiteral(" (install the sword-text-*, sword-comm-* and sword-dict-* packages)");
+        m_error =
+            QStringLiteral("no SWORD module data in ") + modules +
+            QStringLiteral(" (install the sword-text-*, sword-comm-* and sword-dict-* packages)");
         return;
     }
-    if (!QFile::link(QFileInfo(modules).absoluteFilePath(), m_folder.path() + QStringLiteral("/modules"))) {
+    if (!QFile::link(QFileInfo(modules).absoluteFilePath(),
+                     m_folder.path() + QStringLiteral("/modules"))) {
         m_error = QStringLiteral("cannot link ") + modules;
         return;
     }
@@ -57,8 +59,14 @@ sword::SWModule *SwordLibrary::module(const char *name, QString *why) const
         *why = QStringLiteral("module %1 is not configured").arg(QString::fromLatin1(name));
         return nullptr;
     }
+    // The data path is a folder for Bibles and commentaries, a file stem ("dict") for lexicons.
     const QString dataPath = QString::fromUtf8(module->getConfigEntry("AbsoluteDataPath"));
-    if (dataPath.isEmpty() || !QFileInfo::exists(dataPath)) {
+    const QFileInfo data(dataPath);
+    const bool present =
+        data.exists() || !QDir(data.absolutePath())
+                              .entryList({data.fileName() + QStringLiteral(".*")}, QDir::Files)
+                              .isEmpty();
+    if (dataPath.isEmpty() || !present) {
         *why = QStringLiteral("the data of module %1 is missing (%2)")
                    .arg(QString::fromLatin1(name), dataPath);
         return nullptr;

@@ -37,7 +37,8 @@ bool hasLetterOrDigit(const std::string &s, size_t from)
 
 void trimTrailingBlanks(std::string &s)
 {
-    while (!s.empty() && (s.back() == ' ' || s.back() == '\t' || s.back() == '\n' || s.back() == '\r'))
+    while (!s.empty() &&
+           (s.back() == ' ' || s.back() == '\t' || s.back() == '\n' || s.back() == '\r'))
         s.pop_back();
 }
 
@@ -140,6 +141,8 @@ ConvertedVerse VerseConverter::convert(std::string_view osis, const Options &opt
     std::vector<OpenWord> words;
     std::vector<bool> addedStack; // per open transChange: whether it opened a bracket
     int addedDepth = 0;
+    bool ended = false;
+    bool trailing = false;
     ConvertedVerse result;
 
     MarkupReader reader(osis);
@@ -148,20 +151,29 @@ ConvertedVerse VerseConverter::convert(std::string_view osis, const Options &opt
         const std::string_view name = reader.name();
         switch (t) {
         case MarkupReader::Token::Text:
+            if (ended) {
+                if (reader.text().find_first_not_of(" \t\r\n") != std::string::npos)
+                    trailing = true;
+                break;
+            }
             *out += cleanModuleText(reader.text(), addedDepth > 0);
             break;
         case MarkupReader::Token::Start:
+            if (ended)
+                break;
             if (isDroppedElement(name)) {
                 if (name == "note")
                     m_log.count(m_work, QStringLiteral("footnotes dropped"));
                 reader.skipElement();
+                *out += ' ';
             } else if (name == "title") {
-                if (reader.attribute("canonical") == "true" && reader.attribute("type") == "psalm" &&
-                    out == &body) {
+                if (reader.attribute("canonical") == "true" &&
+                    reader.attribute("type") == "psalm" && out == &body) {
                     out = &title;
                 } else {
                     m_log.count(m_work, QStringLiteral("headings dropped"));
                     reader.skipElement();
+                    *out += ' ';
                 }
             } else if (name == "transChange") {
                 const bool opens = addedDepth == 0;
@@ -176,6 +188,8 @@ ConvertedVerse VerseConverter::convert(std::string_view osis, const Options &opt
             }
             break;
         case MarkupReader::Token::End:
+            if (ended)
+                break;
             if (name == "title" && out == &title) {
                 out = &body;
             } else if (name == "transChange" && !addedStack.empty()) {
@@ -208,6 +222,11 @@ ConvertedVerse VerseConverter::convert(std::string_view osis, const Options &opt
             }
             break;
         case MarkupReader::Token::Empty:
+            // What a module appends after the end of a chapter or book (a glossary, the
+            // subscription of an epistle) is not part of the verse.
+            if ((name == "chapter" || (name == "div" && reader.attribute("type") == "book")) &&
+                reader.hasAttribute("eID"))
+                ended = true;
             if (isBreak(name))
                 *out += ' ';
             break;
@@ -215,6 +234,8 @@ ConvertedVerse VerseConverter::convert(std::string_view osis, const Options &opt
             break;
         }
     }
+    if (trailing)
+        m_log.count(m_work, QStringLiteral("matter after a chapter's or book's end dropped"));
     // An added-words group the module never closed still ends with the verse.
     if (addedDepth > 0) {
         trimTrailingBlanks(*out);

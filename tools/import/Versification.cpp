@@ -18,6 +18,14 @@ int Versification::chapterCount(int book) const
     return book >= 0 && book < m_books.size() ? int(m_books.at(book).size()) : 0;
 }
 
+int Versification::chapterCount() const
+{
+    int n = 0;
+    for (const QList<int> &book : m_books)
+        n += int(book.size());
+    return n;
+}
+
 int Versification::verseCount(int book, int chapter) const
 {
     if (chapter < 1 || chapter > chapterCount(book))
@@ -86,8 +94,8 @@ QString Versification::rangeText(Point from, Point to, QString *problem) const
         if (to.verse > verseCount(book, to.chapter))
             to.verse = verseCount(book, to.chapter);
     }
-    if (to.chapter < from.chapter || (to.chapter == from.chapter && from.verse > 0 &&
-                                      to.verse > 0 && to.verse < from.verse))
+    if (to.chapter < from.chapter ||
+        (to.chapter == from.chapter && from.verse > 0 && to.verse > 0 && to.verse < from.verse))
         to = from;
 
     const QString start = name + u' ' + QString::number(from.chapter);

@@ -18,6 +18,7 @@ public:
 
     bool isEmpty() const { return m_books.isEmpty(); }
     int chapterCount(int book) const;
+    int chapterCount() const;
     int verseCount(int book, int chapter) const;
 
     // Each passage an OSIS reference names, written as "Book C", "Book C:V", "Book C:V-W",

@@ -3,6 +3,8 @@
 // A translation of the size of the King James Bible (66 books, 1,189 chapters, 31,102 verse lines
 // of about 130 characters), written once into a temporary folder, for benchmarks that should not
 // depend on the imported data. QS_BENCH_BIBLE names a real translation folder to use instead.
+#include "tests/support/TranslationFixture.h"
+
 #include <QDir>
 #include <QFile>
 #include <QRandomGenerator>
@@ -24,16 +26,7 @@ inline QString syntheticBible()
                                   42, 150, 31, 12, 8, 66, 52, 5, 48, 12, 14, 3,  9,  1,  4,  7,  3,
                                   3,  3,  2,  14, 4,  28, 16, 24, 21, 28, 16, 16, 13, 6,  6,  4,  4,
                                   5,  3,  6,  4,  3,  1,  13, 5,  5,  3,  5,  1,  1,  1,  22};
-        const QStringList names = {
-            "Genesis", "Exodus", "Leviticus", "Numbers", "Deuteronomy", "Joshua", "Judges", "Ruth",
-            "1Samuel", "2Samuel", "1Kings", "2Kings", "1Chronicles", "2Chronicles", "Ezra",
-            "Nehemiah", "Esther", "Job", "Psalms", "Proverbs", "Ecclesiastes", "Song of Solomon",
-            "Isaiah", "Jeremiah", "Lamentations", "Ezekiel", "Daniel", "Hosea", "Joel", "Amos",
-            "Obadiah", "Jonah", "Micah", "Nahum", "Habakkuk", "Zephaniah", "Haggai", "Zechariah",
-            "Malachi", "Matthew", "Mark", "Luke", "John", "Acts", "Romans", "1Corinthians",
-            "2Corinthians", "Galatians", "Ephesians", "Philippians", "Colossians",
-            "1Thessalonians", "2Thessalonians", "1Timothy", "2Timothy", "Titus", "Philemon",
-            "Hebrews", "James", "1Peter", "2Peter", "1John", "2John", "3John", "Jude", "Revelation"};
+        const QStringList &names = fixture::canonNames();
         // Common words make up most of the text; the rest come from a large vocabulary, so a
         // search word such as "light" or "love" matches about as many verses as in a real Bible.
         const QStringList common = {"and", "the", "of", "LORD", "God", "unto", "he", "shall", "that",

@@ -1,6 +1,7 @@
 #include "platform/CShell.h"
 
 #include "platform/FileSystem.h"
+#include "platform/TestHook.h"
 
 #include <QDesktopServices>
 #include <QDir>
@@ -8,18 +9,12 @@
 #include <QRegularExpression>
 
 namespace {
-CShell::TestOpener &testOpener()
-{
-    static CShell::TestOpener opener;
-    return opener;
-}
+using Hook = platform::TestHook<CShell, CShell::TestOpener>;
 } // namespace
 
 CShell::TestOpener CShell::setTestOpener(TestOpener opener)
 {
-    TestOpener old = std::move(testOpener());
-    testOpener() = std::move(opener);
-    return old;
+    return Hook::set(std::move(opener));
 }
 
 QUrl CShell::Url() const
@@ -44,7 +39,7 @@ QUrl CShell::Url() const
 bool CShell::Execute() const
 {
     const QUrl url = Url();
-    if (const TestOpener &opener = testOpener())
+    if (const TestOpener &opener = Hook::get())
         return opener(*this, url);
     if (!url.isValid() || url.isEmpty())
         return false;

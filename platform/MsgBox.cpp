@@ -1,15 +1,13 @@
 #include "platform/MsgBox.h"
 
+#include "platform/TestHook.h"
+
 #include <cstdio>
 
 namespace platform {
 
 namespace {
-MsgBoxHandler &handlerSlot()
-{
-    static MsgBoxHandler handler;
-    return handler;
-}
+using Hook = TestHook<struct MsgBoxTag, MsgBoxHandler>;
 } // namespace
 
 QString AppTitle()
@@ -37,7 +35,7 @@ int DefaultAnswer(int buttons)
 int MsgBox(const QString &prompt, int buttons, const QString &title)
 {
     const QString shownTitle = title.isEmpty() ? AppTitle() : title;
-    if (const MsgBoxHandler &handler = handlerSlot())
+    if (const MsgBoxHandler &handler = Hook::get())
         return handler(prompt, buttons, shownTitle);
     QString text = prompt;
     text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
@@ -48,9 +46,7 @@ int MsgBox(const QString &prompt, int buttons, const QString &title)
 
 MsgBoxHandler setMsgBoxHandler(MsgBoxHandler handler)
 {
-    MsgBoxHandler old = std::move(handlerSlot());
-    handlerSlot() = std::move(handler);
-    return old;
+    return Hook::set(std::move(handler));
 }
 
 QString ErrText(int number, const QString &description)

@@ -1,13 +1,10 @@
 #include "platform/clsCommonColorDialog.h"
+#include "platform/TestHook.h"
 
 #include <QColorDialog>
 
 namespace {
-clsCommonColorDialog::TestAnswer &testAnswer()
-{
-    static clsCommonColorDialog::TestAnswer answer;
-    return answer;
-}
+using Hook = platform::TestHook<clsCommonColorDialog, clsCommonColorDialog::TestAnswer>;
 } // namespace
 
 int clsCommonColorDialog::CustomColors(int index) const
@@ -35,14 +32,12 @@ int clsCommonColorDialog::FromQColor(const QColor &color)
 
 clsCommonColorDialog::TestAnswer clsCommonColorDialog::setTestAnswer(TestAnswer answer)
 {
-    TestAnswer old = std::move(testAnswer());
-    testAnswer() = std::move(answer);
-    return old;
+    return Hook::set(std::move(answer));
 }
 
 bool clsCommonColorDialog::Show(QWidget *owner)
 {
-    if (const TestAnswer &answer = testAnswer()) {
+    if (const TestAnswer &answer = Hook::get()) {
         // The answer works on a copy so that a cancelled answer changes nothing, as a real
         // cancelled dialog does.
         clsCommonColorDialog copy = *this;

@@ -1,4 +1,5 @@
 #include "platform/clsCommonFontDialog.h"
+#include "platform/TestHook.h"
 
 #include <QFont>
 #include <QFontDialog>
@@ -6,23 +7,17 @@
 #include <algorithm>
 
 namespace {
-clsCommonFontDialog::TestAnswer &testAnswer()
-{
-    static clsCommonFontDialog::TestAnswer answer;
-    return answer;
-}
+using Hook = platform::TestHook<clsCommonFontDialog, clsCommonFontDialog::TestAnswer>;
 } // namespace
 
 clsCommonFontDialog::TestAnswer clsCommonFontDialog::setTestAnswer(TestAnswer answer)
 {
-    TestAnswer old = std::move(testAnswer());
-    testAnswer() = std::move(answer);
-    return old;
+    return Hook::set(std::move(answer));
 }
 
 bool clsCommonFontDialog::Show(QWidget *owner)
 {
-    if (const TestAnswer &answer = testAnswer()) {
+    if (const TestAnswer &answer = Hook::get()) {
         clsCommonFontDialog copy = *this;
         if (!answer(copy))
             return false;

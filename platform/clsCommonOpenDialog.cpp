@@ -1,4 +1,5 @@
 #include "platform/clsCommonOpenDialog.h"
+#include "platform/TestHook.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
@@ -6,18 +7,12 @@
 #include <algorithm>
 
 namespace {
-clsCommonOpenDialog::TestAnswer &testAnswer()
-{
-    static clsCommonOpenDialog::TestAnswer answer;
-    return answer;
-}
+using Hook = platform::TestHook<clsCommonOpenDialog, clsCommonOpenDialog::TestAnswer>;
 } // namespace
 
 clsCommonOpenDialog::TestAnswer clsCommonOpenDialog::setTestAnswer(TestAnswer answer)
 {
-    TestAnswer old = std::move(testAnswer());
-    testAnswer() = std::move(answer);
-    return old;
+    return Hook::set(std::move(answer));
 }
 
 QStringList clsCommonOpenDialog::NameFilters(const QString &filter)
@@ -60,7 +55,7 @@ bool clsCommonOpenDialog::ShowSave(QWidget *owner)
 
 bool clsCommonOpenDialog::show(QWidget *owner, bool save)
 {
-    if (const TestAnswer &answer = testAnswer()) {
+    if (const TestAnswer &answer = Hook::get()) {
         clsCommonOpenDialog copy = *this;
         if (!answer(copy, save))
             return false;

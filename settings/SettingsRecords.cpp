@@ -93,6 +93,15 @@ std::optional<QByteArray> readRecord(const QString &path, int length)
     return bytes->left(length);
 }
 
+// Record 1 of a file into a record; a missing or short file gives the defaults.
+template<typename Record>
+bool readInto(Record &record, const QString &path)
+{
+    const std::optional<QByteArray> bytes = readRecord(path, Record::RecordLength);
+    record = bytes ? Record::fromBytes(*bytes) : Record::Defaults();
+    return bytes.has_value();
+}
+
 // Replaces record 1 and keeps whatever a longer file holds beyond it.
 bool writeRecord(const QString &path, const QByteArray &record)
 {
@@ -197,9 +206,7 @@ DisplaySettings DisplaySettings::fromBytes(QByteArrayView bytes)
 
 bool DisplaySettings::read(const QString &path)
 {
-    const std::optional<QByteArray> record = readRecord(path, RecordLength);
-    *this = record ? fromBytes(*record) : Defaults();
-    return record.has_value();
+    return readInto(*this, path);
 }
 
 bool DisplaySettings::write(const QString &path) const
@@ -227,9 +234,7 @@ GeneralSettings GeneralSettings::fromBytes(QByteArrayView bytes)
 
 bool GeneralSettings::read(const QString &path)
 {
-    const std::optional<QByteArray> record = readRecord(path, RecordLength);
-    *this = record ? fromBytes(*record) : Defaults();
-    return record.has_value();
+    return readInto(*this, path);
 }
 
 bool GeneralSettings::write(const QString &path) const

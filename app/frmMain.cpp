@@ -255,10 +255,13 @@ void frmMain::checkDataFiles()
 
 void frmMain::LoadTranslation(const QString &folder)
 {
-    // Keep the reader's place when another translation is opened over this one.
-    const int book = m_bible.Testament() == clsBible::NotFound ? 0 : m_bible.BookNumber();
-    const int chapter = m_bible.CurrentChapter();
+    // Keep the reader's place when another translation is opened over this one: the same book by
+    // name, else by number when both translations have the same books.
     const bool reopening = !m_translationFolder.isEmpty();
+    const int oldBook = m_bible.Testament() == clsBible::NotFound ? 0 : m_bible.BookNumber();
+    const int oldCount = m_bible.BooksCount();
+    const QString oldName = oldBook > 0 ? m_bible.BookName(oldBook) : QString();
+    const int chapter = m_bible.CurrentChapter();
 
     m_translationFolder = folder;
     const QString path = programFile(folder);
@@ -276,14 +279,23 @@ void frmMain::LoadTranslation(const QString &folder)
         LoadSession();
     buildTranslationsMenu();
 
-    if (reopening && book > 0 && book <= m_bible.BooksCount()) {
-        const int testament = book > m_bible.OldTestamentCount() ? 1 : 0;
-        cmbTestaments->setCurrentIndex(testament);
-        cmbTestaments_Click();
-        lstBooks->setCurrentRow(book - 1 - (testament ? m_bible.OldTestamentCount() : 0));
-        if (chapter > 0 && chapter <= lstChapters->count())
-            lstChapters->setCurrentRow(chapter - 1);
+    if (!reopening || oldBook == 0)
+        return;
+    int book = 0;
+    for (int b = 1; b <= m_bible.BooksCount() && book == 0; ++b) {
+        if (m_bible.BookName(b).compare(oldName, Qt::CaseInsensitive) == 0)
+            book = b;
     }
+    if (book == 0 && oldCount == m_bible.BooksCount())
+        book = oldBook;
+    if (book == 0)
+        return;
+    const int testament = book > m_bible.OldTestamentCount() ? 1 : 0;
+    cmbTestaments->setCurrentIndex(testament);
+    cmbTestaments_Click();
+    lstBooks->setCurrentRow(book - 1 - (testament ? m_bible.OldTestamentCount() : 0));
+    if (chapter > 0 && chapter <= lstChapters->count())
+        lstChapters->setCurrentRow(chapter - 1);
 }
 
 void frmMain::LoadSettingsFiles()

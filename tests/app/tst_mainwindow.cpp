@@ -6,7 +6,9 @@
 #include "platform/RichTextBox.h"
 #include "settings/ProgramSettings.h"
 
+#include <QAction>
 #include <QCheckBox>
+#include <QMenu>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -155,7 +157,45 @@ private slots:
         QCOMPARE(main->lbltitle->text(), QStringLiteral("JOHN 3:16"));
         QCOMPARE(main->lstBooks->currentItem()->text(), QStringLiteral("John"));
 
-        // Without "Update Books List" the lists stay too.
+        // Features whose data files are missing are not offered.
+        QVERIFY(!main->mnuReferencesStrong->isEnabled());
+        QVERIFY(!main->mnuReferencesDictionary->isVisible());
+        writeFile(m_dir.path() + QStringLiteral("/Strong/HEBREW.dat"), "H1|a|b|c\r\n");
+        writeFile(m_dir.path() + QStringLiteral("/dictionary.dat"), "header\r\n");
+
+        // Another translation from the menu opens at the same book and chapter.
+        QAction *small = nullptr;
+        for (QAction *entry : main->mnuTranslations->actions())
+            if (entry->text() == QStringLiteral("Small Version"))
+                small = entry;
+        QVERIFY(small);
+        QVERIFY(!small->isChecked());
+        main->cmdGet_Click();
+        QCOMPARE(main->lbltitle->text(), QStringLiteral("JOHN 3:16"));
+        main->txtReference->setText(QStringLiteral("Mark 1"));
+        main->cmdGet_Click();
+        small->trigger();
+        QCOMPARE(main->windowTitle(), QStringLiteral("Small Version - Quillstone Bible 1.0.0"));
+        QCOMPARE(main->lstBooks->currentItem()->text(), QStringLiteral("Mark"));
+        QCOMPARE(main->lbltitle->text(), QStringLiteral("MARK 1"));
+        QVERIFY(main->mnuReferencesStrong->isEnabled());
+        QVERIFY(main->mnuRightclickStrongLexicon->isEnabled());
+        QVERIFY(main->mnuReferencesDictionary->isVisible());
+        QFile::remove(m_dir.path() + QStringLiteral("/Strong/HEBREW.dat"));
+        QFile::remove(m_dir.path() + QStringLiteral("/dictionary.dat"));
+        delete main;
+    }
+
+    void updateList()
+    {
+        writeIni("[load]\r\nautoload=0\r\n");
+        platform::MsgBoxAnswerer answers;
+        auto chooser = start(QStringLiteral("TEST"), answers);
+        frmMain *main = chooser->MainWindow();
+        main->cmbTestaments->setCurrentIndex(1);
+        main->cmbTestaments_Click();
+
+        // Without "Update Books List" the lists stay where they are.
         main->chkUpdateList->setChecked(false);
         main->txtReference->setText(QStringLiteral("Gen 2:1"));
         main->cmdGet_Click();

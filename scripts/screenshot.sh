@@ -6,6 +6,10 @@ program=$1
 out=$2
 reference=${3:-John 3}
 sh "$(dirname "$0")/setup.sh" xvfb xauth imagemagick xdotool openbox
+# The program saves its window placement on closing; keep the user's settings as they were.
+saved=$(mktemp)
+cp "$program/window.ini" "$saved"
+trap 'cp "$saved" "$program/window.ini"; rm -f "$saved"' EXIT
 xvfb-run -a -s "-screen 0 1280x860x24" sh -c "
     openbox >/dev/null 2>&1 &
     sleep 1

@@ -16,8 +16,16 @@ QString PathSeparator()
 #endif
 }
 
+bool IsUsablePath(const QString &path)
+{
+    // A NUL cannot stand in a file name; names read from a damaged file may hold one.
+    return !path.isEmpty() && !path.contains(QChar(0));
+}
+
 QString ResolvePath(const QString &path)
 {
+    if (!IsUsablePath(path))
+        return path;
     QString normal = path;
     normal.replace(u'\\', u'/');
     if (normal.isEmpty() || QFileInfo::exists(normal))
@@ -59,17 +67,23 @@ QString ResolvePath(const QString &path)
 
 bool FileExists(const QString &path)
 {
+    if (!IsUsablePath(path))
+        return false;
     const QFileInfo info(ResolvePath(path));
     return info.exists() && info.isFile();
 }
 
 bool FolderExists(const QString &path)
 {
+    if (!IsUsablePath(path))
+        return false;
     return QFileInfo(ResolvePath(path)).isDir();
 }
 
 std::optional<QByteArray> ReadFileBytes(const QString &path)
 {
+    if (!IsUsablePath(path))
+        return std::nullopt;
     QFile file(ResolvePath(path));
     if (!QFileInfo(file.fileName()).isFile() || !file.open(QIODevice::ReadOnly))
         return std::nullopt;
@@ -87,6 +101,8 @@ std::optional<TextFileContent> ReadTextLines(const QString &path)
 
 QString WriteFileAtomically(const QString &path, const QByteArray &bytes)
 {
+    if (!IsUsablePath(path))
+        return QStringLiteral("The file name is not valid.");
     QSaveFile file(ResolvePath(path));
     if (!file.open(QIODevice::WriteOnly))
         return file.errorString();

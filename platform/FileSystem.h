@@ -18,6 +18,9 @@ QString PathSeparator();
 // exist in any case the rest is returned as given, so the path still names the missing file.
 QString ResolvePath(const QString &path);
 
+// False for an empty path or one holding a NUL, which no file can have.
+bool IsUsablePath(const QString &path);
+
 bool FileExists(const QString &path);
 bool FolderExists(const QString &path);
 

@@ -43,6 +43,8 @@ bool stampOf(const QString &path, Stamp &stamp)
 
 std::shared_ptr<BookFiles::Content> load(const QString &path)
 {
+    if (!platform::IsUsablePath(path))
+        return nullptr;
     const QString resolved = platform::ResolvePath(path);
     Stamp stamp;
     if (!stampOf(resolved, stamp)) {

@@ -419,8 +419,8 @@ void frmMain::cmdSearch_Click()
     };
     const ::QuickSearch::Result result =
         search.run(m_bible, txtQuery->text(), chkWordSearch->isChecked(), ProgramSettings::instance().searchLimit);
+    // The view was emptied before the scan; the results go in at the caret in one insertion.
     if (result.outcome != ::QuickSearch::Outcome::Failed && result.outcome != ::QuickSearch::Outcome::TooMany) {
-        rtfPassage->setText(QString());
         rtfPassage->setSelText(result.results.join(QString()));
         rtfPassage->setSelStart(0);
     }

@@ -29,15 +29,13 @@ class TestMainWindow : public QObject
     void writeIni(const QByteArray &text) { writeFile(m_dir.path() + QStringLiteral("/window.ini"), text); }
 
     // Starts the program on the fixture folder the way main() does.
-    std::unique_ptr<frmLoadVersion> start(const QString &commandLine, platform::MsgBoxAnswerer &answers,
-                                          bool *started = nullptr)
+    std::unique_ptr<frmLoadVersion> start(const QString &commandLine, bool *started = nullptr)
     {
         ProgramSettings::instance().setProgramFolder(m_dir.path());
         auto chooser = std::make_unique<frmLoadVersion>(commandLine);
         const bool ok = chooser->Form_Load();
         if (started)
             *started = ok;
-        Q_UNUSED(answers);
         return chooser;
     }
 
@@ -57,7 +55,7 @@ private slots:
         QFile::remove(m_dir.path() + QStringLiteral("/window.ini"));
         platform::MsgBoxAnswerer answers;
         bool started = true;
-        auto chooser = start(QString(), answers, &started);
+        auto chooser = start(QString(), &started);
         QVERIFY(!started);
         QCOMPARE(answers.prompts(), QStringList{QStringLiteral(
             "Unable to launch because 'window.ini' is missing from the program's directory!\r\n"
@@ -70,7 +68,7 @@ private slots:
         writeIni("[]\r\nrememberwindowsetting=0\r\n[load]\r\nautoload=0\r\n");
         {
             platform::MsgBoxAnswerer answers;
-            auto chooser = start(QStringLiteral("test"), answers);
+            auto chooser = start(QStringLiteral("test"));
             QVERIFY(chooser->Opened());
             QCOMPARE(chooser->MainWindow()->windowTitle(), QStringLiteral("Test Version - Quillstone Bible 1.0.0"));
             QCOMPARE(answers.count(), 0);
@@ -80,7 +78,7 @@ private slots:
         // A folder outside the program folder is refused; nothing opens and the list waits.
         for (const QString &bad : {QStringLiteral("../TEST"), m_dir.path() + QStringLiteral("/TEST"), QStringLiteral("NONE")}) {
             platform::MsgBoxAnswerer answers;
-            auto chooser = start(bad, answers);
+            auto chooser = start(bad);
             QVERIFY2(!chooser->Opened(), qPrintable(bad));
             QCOMPARE(answers.prompts(), QStringList{QStringLiteral(
                 "An invalid version path was supplied at the command line, ignoring it and resuming")});
@@ -89,7 +87,7 @@ private slots:
         writeIni("[load]\r\nautoload=1\r\nversion=SMALL\r\n");
         {
             platform::MsgBoxAnswerer answers;
-            auto chooser = start(QString(), answers);
+            auto chooser = start(QString());
             QVERIFY(chooser->Opened());
             QCOMPARE(chooser->MainWindow()->windowTitle(), QStringLiteral("Small Version - Quillstone Bible 1.0.0"));
             delete chooser->MainWindow();
@@ -97,7 +95,7 @@ private slots:
         writeIni("[load]\r\nautoload=1\r\nversion=GONE\r\n");
         {
             platform::MsgBoxAnswerer answers;
-            auto chooser = start(QString(), answers);
+            auto chooser = start(QString());
             QVERIFY(!chooser->Opened());
             QCOMPARE(answers.prompts(), QStringList{QStringLiteral(
                 "An invalid version path was saved in the settings, ignoring and resuming")});
@@ -120,7 +118,7 @@ private slots:
     {
         writeIni("[load]\r\nautoload=0\r\n");
         platform::MsgBoxAnswerer answers;
-        auto chooser = start(QStringLiteral("TEST"), answers);
+        auto chooser = start(QStringLiteral("TEST"));
         frmMain *main = chooser->MainWindow();
         QVERIFY(main);
 
@@ -190,7 +188,7 @@ private slots:
     {
         writeIni("[load]\r\nautoload=0\r\n");
         platform::MsgBoxAnswerer answers;
-        auto chooser = start(QStringLiteral("TEST"), answers);
+        auto chooser = start(QStringLiteral("TEST"));
         frmMain *main = chooser->MainWindow();
         main->cmbTestaments->setCurrentIndex(1);
         main->cmbTestaments_Click();
@@ -208,7 +206,7 @@ private slots:
     {
         writeIni("[load]\r\nautoload=0\r\n");
         platform::MsgBoxAnswerer answers;
-        auto chooser = start(QStringLiteral("SMALL"), answers);
+        auto chooser = start(QStringLiteral("SMALL"));
         frmMain *main = chooser->MainWindow();
         QLabel *title = main->lbltitle;
 

@@ -3,6 +3,7 @@
 #include "platform/MsgBox.h"
 
 #include <QApplication>
+#include <QGridLayout>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -79,6 +80,14 @@ int ShowWidgetMsgBox(const QString &prompt, int buttons, const QString &title, Q
     for (const auto &choice : choices) {
         if (choice.second == vb::vbCancel)
             box.setEscapeButton(choice.first);
+    }
+    // A short message would make the box narrower than its title, which the title bar then cuts
+    // short ("Quillston... System"); a spacer keeps it wide enough for the title and the title
+    // bar's buttons.
+    if (auto *grid = qobject_cast<QGridLayout *>(box.layout())) {
+        const int titleWidth = box.fontMetrics().horizontalAdvance(box.windowTitle()) + 160;
+        grid->addItem(new QSpacerItem(titleWidth, 0, QSizePolicy::Minimum, QSizePolicy::Fixed),
+                      grid->rowCount(), 0, 1, grid->columnCount());
     }
     if (buttons & vb::vbMsgBoxSetForeground)
         box.setWindowFlag(Qt::WindowStaysOnTopHint);

@@ -1,5 +1,6 @@
 #include "platform/clsCommonColorDialog.h"
 #include "platform/TestHook.h"
+#include "platform/WinColor.h"
 
 #include <QColorDialog>
 
@@ -18,16 +19,6 @@ void clsCommonColorDialog::setCustomColors(int index, int color)
 {
     if (index >= 0 && index < CustomColorCount)
         m_customColors[size_t(index)] = color;
-}
-
-QColor clsCommonColorDialog::ToQColor(int color)
-{
-    return QColor(color & 0xFF, (color >> 8) & 0xFF, (color >> 16) & 0xFF);
-}
-
-int clsCommonColorDialog::FromQColor(const QColor &color)
-{
-    return color.red() | (color.green() << 8) | (color.blue() << 16);
 }
 
 clsCommonColorDialog::TestAnswer clsCommonColorDialog::setTestAnswer(TestAnswer answer)
@@ -50,13 +41,13 @@ bool clsCommonColorDialog::Show(QWidget *owner)
     // The dialog's custom colours are shared by the whole program; this object's own set is put
     // in before showing and taken back after OK.
     for (int i = 0; i < CustomColorCount; ++i)
-        QColorDialog::setCustomColor(i, ToQColor(m_customColors[size_t(i)]));
+        QColorDialog::setCustomColor(i, platform::WindowsColorToQColor(m_customColors[size_t(i)]));
 
-    QColorDialog dialog(RGBInit() ? ToQColor(m_color) : QColor(Qt::black), owner);
+    QColorDialog dialog(RGBInit() ? platform::WindowsColorToQColor(m_color) : QColor(Qt::black), owner);
     if (dialog.exec() != QDialog::Accepted)
         return false;
-    m_color = FromQColor(dialog.selectedColor());
+    m_color = platform::QColorToWindowsColor(dialog.selectedColor());
     for (int i = 0; i < CustomColorCount; ++i)
-        m_customColors[size_t(i)] = FromQColor(QColorDialog::customColor(i));
+        m_customColors[size_t(i)] = platform::QColorToWindowsColor(QColorDialog::customColor(i));
     return true;
 }

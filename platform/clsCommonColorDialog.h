@@ -56,10 +56,6 @@ public:
     // Returns the previous answer function.
     static TestAnswer setTestAnswer(TestAnswer answer);
 
-    // Conversions between Windows colour values and colours.
-    static QColor ToQColor(int color);
-    static int FromQColor(const QColor &color);
-
 private:
     void setFlag(int flag, bool on) { m_flags = on ? (m_flags | flag) : (m_flags & ~flag); }
 

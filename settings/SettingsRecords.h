@@ -11,11 +11,6 @@
 // by field, byte for byte.
 // Colours are Windows colour values: 0x00BBGGRR, or a system colour with the high bit set.
 
-// The colour a Windows colour value stands for. System colours (0x80000000 + index, index 0 to
-// 30) give the standard Windows palette; an unknown index gives black, as Windows does.
-QColor WindowsColorToQColor(qint32 value);
-// The 0x00BBGGRR value of a colour (alpha is dropped).
-qint32 QColorToWindowsColor(const QColor &color);
 
 // One display area's look: 48 bytes on disk.
 struct TextStyle

@@ -1,5 +1,7 @@
 #include "settings/basSettings.h"
 
+#include "platform/WinColor.h"
+
 #include <QFont>
 #include <QPalette>
 #include <QTextCharFormat>
@@ -49,8 +51,8 @@ void ApplyStyle(QWidget *control, TextStyle &style)
 {
     if (!control)
         return;
-    setBackground(control, WindowsColorToQColor(style.BackColor));
-    setForeground(control, WindowsColorToQColor(style.ForeColor));
+    setBackground(control, platform::WindowsColorToQColor(style.BackColor));
+    setForeground(control, platform::WindowsColorToQColor(style.ForeColor));
     setFont(control, style);
 }
 
@@ -58,11 +60,11 @@ void ApplyRichTextStyle(QTextEdit *view, TextStyle &style)
 {
     if (!view)
         return;
-    const QColor foreColor = WindowsColorToQColor(style.ForeColor);
+    const QColor foreColor = platform::WindowsColorToQColor(style.ForeColor);
 
     // 1. Background.
     QPalette palette = view->palette();
-    palette.setColor(QPalette::Base, WindowsColorToQColor(style.BackColor));
+    palette.setColor(QPalette::Base, platform::WindowsColorToQColor(style.BackColor));
     // Text loaded later without a colour of its own shows in the chosen colour too.
     palette.setColor(QPalette::Text, foreColor);
     view->setPalette(palette);

@@ -1,4 +1,5 @@
 // Message boxes, the common dialogs' test answers, shell open, edit commands and the About box.
+#include "../support/HookGuards.h"
 #include "platform/CSendMessage.h"
 #include "platform/CShell.h"
 #include "platform/MsgBoxAnswerer.h"
@@ -81,6 +82,7 @@ private slots:
         QString shownTitle;
         int shownIcon = -1;
         int shownButtons = -1;
+        bool titleFits = false;
         QTimer timer;
         connect(&timer, &QTimer::timeout, this, [&] {
             auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
@@ -91,6 +93,8 @@ private slots:
             shownTitle = box->windowTitle();
             shownIcon = int(box->icon());
             shownButtons = int(box->buttons().size());
+            // A short message still leaves room for the whole title beside the title bar buttons.
+            titleFits = box->width() >= box->fontMetrics().horizontalAdvance(box->windowTitle()) + 150;
             if (press < 0)
                 QTest::keyClick(box, Qt::Key_Escape);
             else
@@ -104,6 +108,7 @@ private slots:
         QCOMPARE(shownTitle, platform::AppTitle());
         QCOMPARE(shownIcon, icon);
         QCOMPARE(shownButtons, buttonCount);
+        QVERIFY(titleFits);
     }
 
     void colorDialog()
@@ -116,18 +121,19 @@ private slots:
                  clsCommonColorDialog::CC_RGBINIT | clsCommonColorDialog::CC_FULLOPEN);
 
         int seen = -1;
-        clsCommonColorDialog::setTestAnswer([&](clsCommonColorDialog &d) {
-            seen = d.Color();
-            d.setColor(0x00FF00);
-            d.setCustomColors(3, 0x123456);
-            return false;
-        });
-        QVERIFY(!dialog.Show());
-        QCOMPARE(seen, 0x0000FF);
-        QCOMPARE(dialog.Color(), 0x0000FF);
-        QCOMPARE(dialog.CustomColors(3), 0);
-
-        clsCommonColorDialog::setTestAnswer([&](clsCommonColorDialog &d) {
+        {
+            support::ColorAnswer cancel([&](clsCommonColorDialog &d) {
+                seen = d.Color();
+                d.setColor(0x00FF00);
+                d.setCustomColors(3, 0x123456);
+                return false;
+            });
+            QVERIFY(!dialog.Show());
+            QCOMPARE(seen, 0x0000FF);
+            QCOMPARE(dialog.Color(), 0x0000FF);
+            QCOMPARE(dialog.CustomColors(3), 0);
+        }
+        support::ColorAnswer ok([&](clsCommonColorDialog &d) {
             seen = d.CustomColors(3);
             d.setColor(0x00FF00);
             d.setCustomColors(3, 0x123456);
@@ -138,10 +144,6 @@ private slots:
         // The custom colours of one opening are there at the next.
         QVERIFY(dialog.Show());
         QCOMPARE(seen, 0x123456);
-        clsCommonColorDialog::setTestAnswer({});
-
-        QCOMPARE(clsCommonColorDialog::ToQColor(0x0000FF), QColor(255, 0, 0));
-        QCOMPARE(clsCommonColorDialog::FromQColor(QColor(0, 0, 255)), 0xFF0000);
     }
 
     void fontDialog()
@@ -149,15 +151,17 @@ private slots:
         clsCommonFontDialog dialog;
         dialog.setFontName(QStringLiteral("DejaVu Sans"));
         dialog.setFontSize(12);
-        clsCommonFontDialog::setTestAnswer([](clsCommonFontDialog &d) {
-            d.setFontName(QStringLiteral("DejaVu Serif"));
-            d.setFontBold(true);
-            return false;
-        });
-        QVERIFY(!dialog.Show());
-        QCOMPARE(dialog.FontName(), QStringLiteral("DejaVu Sans"));
-        QVERIFY(!dialog.FontBold());
-        clsCommonFontDialog::setTestAnswer([](clsCommonFontDialog &d) {
+        {
+            support::FontAnswer cancel([](clsCommonFontDialog &d) {
+                d.setFontName(QStringLiteral("DejaVu Serif"));
+                d.setFontBold(true);
+                return false;
+            });
+            QVERIFY(!dialog.Show());
+            QCOMPARE(dialog.FontName(), QStringLiteral("DejaVu Sans"));
+            QVERIFY(!dialog.FontBold());
+        }
+        support::FontAnswer ok([](clsCommonFontDialog &d) {
             d.setFontName(QStringLiteral("DejaVu Serif"));
             d.setFontSize(d.FontSize() + 2);
             return true;
@@ -165,7 +169,6 @@ private slots:
         QVERIFY(dialog.Show());
         QCOMPARE(dialog.FontName(), QStringLiteral("DejaVu Serif"));
         QCOMPARE(dialog.FontSize(), 14.0);
-        clsCommonFontDialog::setTestAnswer({});
     }
 
     void nameFilters_data()
@@ -198,24 +201,25 @@ private slots:
         dialog.setFilterIndex(1);
         dialog.setOverWritePrompt(true);
         bool sawSave = false;
-        clsCommonOpenDialog::setTestAnswer([&](clsCommonOpenDialog &d, bool save) {
-            sawSave = save;
-            d.setFilename(QStringLiteral("/tmp/notes"));
-            d.setFiletitle(QStringLiteral("notes"));
-            d.setFilterIndex(2);
-            return true;
-        });
-        QVERIFY(dialog.ShowSave());
-        QVERIFY(sawSave);
-        QCOMPARE(dialog.filename(), QStringLiteral("/tmp/notes"));
-        QCOMPARE(dialog.FilterIndex(), 2);
-        clsCommonOpenDialog::setTestAnswer([](clsCommonOpenDialog &d, bool) {
+        {
+            support::FileAnswer save([&](clsCommonOpenDialog &d, bool isSave) {
+                sawSave = isSave;
+                d.setFilename(QStringLiteral("/tmp/notes"));
+                d.setFiletitle(QStringLiteral("notes"));
+                d.setFilterIndex(2);
+                return true;
+            });
+            QVERIFY(dialog.ShowSave());
+            QVERIFY(sawSave);
+            QCOMPARE(dialog.filename(), QStringLiteral("/tmp/notes"));
+            QCOMPARE(dialog.FilterIndex(), 2);
+        }
+        support::FileAnswer cancel([](clsCommonOpenDialog &d, bool) {
             d.setFilename(QStringLiteral("/elsewhere"));
             return false;
         });
         QVERIFY(!dialog.ShowOpen());
         QCOMPARE(dialog.filename(), QStringLiteral("/tmp/notes"));
-        clsCommonOpenDialog::setTestAnswer({});
     }
 
     void shellUrl()
@@ -235,20 +239,14 @@ private slots:
             {QStringLiteral("help\\bible.chm"),
              QUrl::fromLocalFile(dir.filePath(QStringLiteral("Help/Bible.chm")))},
         };
-        QList<QUrl> opened;
-        const CShell::TestOpener previous =
-            CShell::setTestOpener([&](const CShell &, const QUrl &url) {
-                opened.append(url);
-                return true;
-            });
+        support::ShellRecorder shellOpens;
         for (const auto &[name, url] : cases) {
             CShell shell;
             shell.setFilename(name);
             shell.setWorkingDirectory(dir.path());
             QVERIFY(shell.Execute());
-            QCOMPARE(opened.last(), url);
+            QCOMPARE(shellOpens.opened.last(), url);
         }
-        CShell::setTestOpener(previous);
     }
 
     void editCommands()
@@ -285,12 +283,7 @@ private slots:
         credits.write("# Credits\n\nThanks to *everyone* who helped.\n");
         credits.close();
 
-        QList<QUrl> opened;
-        const CShell::TestOpener previous =
-            CShell::setTestOpener([&](const CShell &, const QUrl &url) {
-                opened.append(url);
-                return true;
-            });
+        support::ShellRecorder shellOpens;
         frmAbout about(dir.filePath(QStringLiteral("CREDITS.md")));
         about.show();
         QCOMPARE(about.objectName(), QStringLiteral("frmAbout"));
@@ -305,12 +298,11 @@ private slots:
 
         QTest::mouseClick(about.findChild<QLabel *>(QStringLiteral("Label3")), Qt::LeftButton);
         QTest::mouseClick(about.findChild<QLabel *>(QStringLiteral("Label4")), Qt::LeftButton);
-        QCOMPARE(opened, (QList<QUrl>{QUrl(QStringLiteral("mailto:support@quillstone.example.org")),
+        QCOMPARE(shellOpens.opened, (QList<QUrl>{QUrl(QStringLiteral("mailto:support@quillstone.example.org")),
                                       QUrl(QStringLiteral("https://quillstone.example.org"))}));
         QTest::mouseClick(about.findChild<QPushButton *>(QStringLiteral("cmdOK")), Qt::LeftButton);
         QCOMPARE(about.result(), int(QDialog::Accepted));
         QVERIFY(!about.isVisible());
-        CShell::setTestOpener(previous);
 
         frmAbout missing(dir.filePath(QStringLiteral("nothing.md")));
         QVERIFY(missing.findChild<QTextEdit *>()->toPlainText().contains(

@@ -1,4 +1,5 @@
 #include "settings/SettingsRecords.h"
+#include "platform/WinColor.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -144,9 +145,9 @@ private slots:
     {
         QFETCH(qint32, value);
         QFETCH(QColor, color);
-        QCOMPARE(WindowsColorToQColor(value), color);
+        QCOMPARE(platform::WindowsColorToQColor(value), color);
         if (value >= 0)
-            QCOMPARE(QColorToWindowsColor(color), value);
+            QCOMPARE(platform::QColorToWindowsColor(color), value);
     }
 };
 

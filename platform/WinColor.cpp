@@ -1,0 +1,62 @@
+#include "platform/WinColor.h"
+
+#include <array>
+
+namespace {
+
+// The standard Windows palette of the system colours, by index (GetSysColor on a fresh system).
+constexpr std::array<QRgb, 31> SystemColors = {
+    qRgb(200, 200, 200), // 0 scroll bar
+    qRgb(0, 0, 0),       // 1 desktop
+    qRgb(153, 180, 209), // 2 active caption
+    qRgb(191, 205, 219), // 3 inactive caption
+    qRgb(240, 240, 240), // 4 menu
+    qRgb(255, 255, 255), // 5 window
+    qRgb(100, 100, 100), // 6 window frame
+    qRgb(0, 0, 0),       // 7 menu text
+    qRgb(0, 0, 0),       // 8 window text
+    qRgb(0, 0, 0),       // 9 caption text
+    qRgb(180, 180, 180), // 10 active border
+    qRgb(244, 247, 252), // 11 inactive border
+    qRgb(171, 171, 171), // 12 application workspace
+    qRgb(0, 120, 215),   // 13 highlight
+    qRgb(255, 255, 255), // 14 highlight text
+    qRgb(240, 240, 240), // 15 button face
+    qRgb(160, 160, 160), // 16 button shadow
+    qRgb(109, 109, 109), // 17 grey text
+    qRgb(0, 0, 0),       // 18 button text
+    qRgb(0, 0, 0),       // 19 inactive caption text
+    qRgb(255, 255, 255), // 20 button highlight
+    qRgb(105, 105, 105), // 21 3D dark shadow
+    qRgb(227, 227, 227), // 22 3D light
+    qRgb(0, 0, 0),       // 23 tooltip text
+    qRgb(255, 255, 225), // 24 tooltip background
+    qRgb(0, 0, 0),       // 25 unused
+    qRgb(0, 102, 204),   // 26 hot-tracked item
+    qRgb(185, 209, 234), // 27 active caption gradient
+    qRgb(215, 228, 242), // 28 inactive caption gradient
+    qRgb(0, 120, 215),   // 29 menu highlight
+    qRgb(240, 240, 240), // 30 menu bar
+};
+
+} // namespace
+
+namespace platform {
+
+QColor WindowsColorToQColor(qint32 value)
+{
+    const auto bits = static_cast<quint32>(value);
+    if (bits & 0x80000000u) {
+        const quint32 index = bits & 0x00FFFFFFu;
+        return index < SystemColors.size() ? QColor(SystemColors[index]) : QColor(Qt::black);
+    }
+    return QColor(int(bits & 0xFF), int((bits >> 8) & 0xFF), int((bits >> 16) & 0xFF));
+}
+
+qint32 QColorToWindowsColor(const QColor &color)
+{
+    const QColor rgb = color.toRgb();
+    return qint32(rgb.red()) | (qint32(rgb.green()) << 8) | (qint32(rgb.blue()) << 16);
+}
+
+} // namespace platform

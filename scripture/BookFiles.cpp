@@ -91,8 +91,3 @@ void BookFiles::clear()
 {
     cache().clear();
 }
-
-bool BookFiles::IsChapterMarker(QStringView line)
-{
-    return line.left(7).trimmed().compare(u"CHAPTER", Qt::CaseInsensitive) == 0;
-}

@@ -2,7 +2,6 @@
 
 #include <QString>
 #include <QStringList>
-#include <QStringView>
 #include <memory>
 
 // Decoded book files, kept while they are unchanged on disk. Fetching a passage and searching the
@@ -25,8 +24,5 @@ public:
     static std::shared_ptr<const Content> upperLines(const QString &path);
 
     static void forget(const QString &path);
-
-    // A chapter marker line: its first seven characters, trimmed, read "CHAPTER" in any case.
-    static bool IsChapterMarker(QStringView line);
     static void clear();
 };

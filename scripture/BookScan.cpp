@@ -3,7 +3,7 @@
 #include "platform/FileSystem.h"
 #include "platform/VbError.h"
 #include "scripture/BookFiles.h"
-#include "scripture/basStrings.h"
+#include "scripture/ChapterMarker.h"
 #include "scripture/clsBible.h"
 
 namespace {
@@ -96,8 +96,8 @@ void BookScan::run(const clsBible &store)
         qsizetype i = 1;
         while (i < count) {
             qsizetype at = i++;
-            if (QStringView(upper.at(at)).left(7) == u"CHAPTER") {
-                chapter = QString::number(basStrings::LeadingNumber(QStringView(upper.at(at)).mid(7)));
+            if (ChapterMarker::IsMarker(lines.at(at))) {
+                chapter = QString::number(ChapterMarker::Number(lines.at(at)));
                 // The line after a marker is read at once, without looking for the end of file.
                 if (i >= count)
                     throw VbError::inputPastEnd();

@@ -2,7 +2,7 @@
 
 #include "platform/FileSystem.h"
 #include "platform/VbError.h"
-#include "scripture/BookFiles.h"
+#include "scripture/ChapterMarker.h"
 #include "scripture/BookMap.h"
 #include "scripture/basStrings.h"
 
@@ -34,17 +34,21 @@ void checkBook(const QString &folder, const BookMap::Entry &book, QStringList &p
     for (const QString &line : file->lines) {
         ++lineNumber;
         const QString where = name + u' ' + (chapter > 0 ? QString::number(chapter) : QStringLiteral("(before the first chapter)"));
-        if (BookFiles::IsChapterMarker(line)) {
+        if (ChapterMarker::IsMarker(line)) {
             endChapter();
             ++markers;
-            const QStringView number = basStrings::TrimBlanks(QStringView(line).mid(7));
-            bool ok = false;
-            const int n = number.toInt(&ok);
-            if (!ok || n <= 0) {
+            const int n = ChapterMarker::Number(line);
+            if (n <= 0) {
                 problems << where + QStringLiteral(": line ") + QString::number(lineNumber) +
                                 QStringLiteral(" is a chapter marker without a number: \"") + line + u'"';
                 chapter = expectedChapter;
             } else {
+                // Passages are found by the whole marker line, so "CHAPTER 03" or "CHAPTER 3a"
+                // counts here but can never be shown.
+                if (!ChapterMarker::IsMarkerOf(line, n))
+                    problems << name + u' ' + QString::number(n) + QStringLiteral(": line ") + QString::number(lineNumber) +
+                                    QStringLiteral(": \"") + line + QStringLiteral("\" is not found as chapter ") +
+                                    QString::number(n) + QStringLiteral("; write \"CHAPTER ") + QString::number(n) + u'"';
                 if (n != expectedChapter)
                     problems << name + u' ' + QString::number(n) + QStringLiteral(": chapter marker ") +
                                     QString::number(n) + QStringLiteral(" where chapter ") +

@@ -5,6 +5,7 @@
 #include "platform/VbError.h"
 #include "scripture/BookFiles.h"
 #include "scripture/BookMap.h"
+#include "scripture/ChapterMarker.h"
 #include "scripture/ReferenceParser.h"
 #include "scripture/basStrings.h"
 #include "scripture/clsSeparation.h"
@@ -13,14 +14,6 @@
 #include <algorithm>
 
 namespace {
-
-// Whether a line, trimmed and upper-cased, is "CHAPTER " followed by the number.
-bool isMarkerOf(QStringView line, const QString &number)
-{
-    const QStringView t = basStrings::TrimBlanks(line);
-    return t.size() == 8 + number.size() && t.startsWith(u"CHAPTER ", Qt::CaseInsensitive) &&
-           t.mid(8) == number;
-}
 
 bool containsLetter(const QString &text)
 {
@@ -154,20 +147,18 @@ QString clsBible::passage(QString book, int chapterFrom, int verseFrom, int chap
         return QString();
     }
     m_lastReadFailed = false;
-    const QString fromNumber = QString::number(chapterFrom);
-    const QString stopNumber = QString::number(chapterTo + 1);
     QList<Part> parts;
     bool inside = false;
     int chapter = 0;
     for (const QString &line : file->lines) {
-        if (inside && isMarkerOf(line, stopNumber))
+        if (inside && ChapterMarker::IsMarkerOf(line, chapterTo + 1))
             break;
-        if (!inside && isMarkerOf(line, fromNumber))
+        if (!inside && ChapterMarker::IsMarkerOf(line, chapterFrom))
             inside = true;
         if (!inside)
             continue;
-        if (BookFiles::IsChapterMarker(line)) {
-            chapter = basStrings::LeadingNumber(QStringView(line).mid(7));
+        if (ChapterMarker::IsMarker(line)) {
+            chapter = ChapterMarker::Number(line);
             if (m_inTextReference)
                 parts.append({book + u' ' + QString::number(chapter), true, chapter});
             continue;

@@ -3,6 +3,7 @@
 #include "platform/FileSystem.h"
 #include "platform/TextCodec.h"
 #include "platform/VbError.h"
+#include "scripture/ChapterMarker.h"
 #include "scripture/PassageFormatter.h"
 #include "scripture/TranslationCheck.h"
 #include "scripture/basStrings.h"
@@ -106,6 +107,46 @@ private slots:
         QVERIFY(platform::ResolvePath(dir.path() + QStringLiteral("/newtest/map.dat")).endsWith(QStringLiteral("/newtest/map.dat")));
     }
 
+    // One rule decides for the store, the searches, the check and the notes what a marker is.
+    void chapterMarkers_data()
+    {
+        QTest::addColumn<QString>("line");
+        QTest::addColumn<bool>("marker");
+        QTest::addColumn<bool>("ofThree"); // IsMarkerOf(line, 3)
+        QTest::addColumn<int>("number");
+        QTest::addColumn<bool>("mayRead");
+
+        QTest::newRow("plain") << "CHAPTER 3" << true << true << 3 << true;
+        QTest::newRow("lower case") << "chapter 3" << true << true << 3 << true;
+        QTest::newRow("trailing blanks") << "Chapter 3  " << true << true << 3 << true;
+        QTest::newRow("leading zero") << "CHAPTER 03" << true << false << 3 << true;
+        QTest::newRow("two blanks") << "CHAPTER  3" << true << false << 3 << true;
+        QTest::newRow("other chapter") << "CHAPTER 13" << true << false << 13 << true;
+        QTest::newRow("words after") << "CHAPTER 3 begins" << true << false << 3 << true;
+        QTest::newRow("no number") << "CHAPTER" << true << false << 0 << true;
+        QTest::newRow("plural") << "CHAPTERS 3" << true << false << 0 << true;
+        // Indented: not a marker line, yet the whole trimmed line names chapter 3.
+        QTest::newRow("indented") << "  CHAPTER 3" << false << true << 0 << true;
+        QTest::newRow("indented words") << " chapter 7 begins here" << false << false << 0 << true;
+        QTest::newRow("guarded") << "{}CHAPTER 3" << false << false << 0 << false;
+        QTest::newRow("verse") << "3 in the chapter" << false << false << 0 << false;
+        QTest::newRow("short") << "CHAPTE" << false << false << 0 << false;
+        QTest::newRow("tab") << "\tCHAPTER 3" << false << false << 0 << false;
+    }
+
+    void chapterMarkers()
+    {
+        QFETCH(QString, line);
+        QFETCH(bool, marker);
+        QFETCH(bool, ofThree);
+        QFETCH(int, number);
+        QFETCH(bool, mayRead);
+        QCOMPARE(ChapterMarker::IsMarker(line), marker);
+        QCOMPARE(ChapterMarker::IsMarkerOf(line, 3), ofThree);
+        QCOMPARE(ChapterMarker::Number(line), number);
+        QCOMPARE(ChapterMarker::MayReadAsMarker(line), mayRead);
+    }
+
     void translationCheck()
     {
         QTemporaryDir dir;
@@ -118,7 +159,7 @@ private slots:
                         {{QStringLiteral("Genesis"), false,
                           {"CHAPTER 1", "1 a", "3 c", "2 b", "CHAPTER 2", "CHAPTER 4", "stray line", "1 x"}, 3},
                          {QStringLiteral("Exodus"), false, {"CHAPTER 1", "1 a"}},
-                         {QStringLiteral("Mark"), true, {"CHAPTER 1", "1 a"}}});
+                         {QStringLiteral("Mark"), true, {"CHAPTER 01", "1 a"}}});
         QFile::remove(dir.path() + QStringLiteral("/BAD/oldtest/EXODUS.dat"));
         const QStringList problems = TranslationCheck::Check(dir.path() + QStringLiteral("/BAD"));
         const QString all = problems.join(u'\n');
@@ -128,6 +169,7 @@ private slots:
         QVERIFY2(all.contains(QStringLiteral("Genesis 4: chapter marker 4 where chapter 3 was expected")), qPrintable(all));
         QVERIFY2(all.contains(QStringLiteral("neither a chapter marker nor a verse: \"stray line\"")), qPrintable(all));
         QVERIFY2(all.contains(QStringLiteral("Exodus: book file EXODUS.dat is missing")), qPrintable(all));
+        QVERIFY2(all.contains(QStringLiteral("Mark 1: line 1: \"CHAPTER 01\" is not found as chapter 1")), qPrintable(all));
         QVERIFY2(TranslationCheck::Check(dir.path() + QStringLiteral("/NONE")).value(0).contains(QStringLiteral("does not exist")), qPrintable(all));
     }
 };

@@ -89,10 +89,48 @@ int clsBible::Chapters(int number) const
     return m_books[number - 1].chapters;
 }
 
+int clsBible::FirstBookOfTestament(int testament) const
+{
+    return testament == 1 ? m_oldTestamentCount + 1 : 1;
+}
+
+int clsBible::LastBookOfTestament(int testament) const
+{
+    return testament == 1 ? m_booksCount : m_oldTestamentCount;
+}
+
+int clsBible::TestamentOfBook(int book) const
+{
+    return book > m_oldTestamentCount ? 1 : 0;
+}
+
+int clsBible::BookByRow(int testament, int row) const
+{
+    const int book = FirstBookOfTestament(testament) + row;
+    return row >= 0 && book <= LastBookOfTestament(testament) ? book : 0;
+}
+
+int clsBible::RowOfBook(int book) const
+{
+    if (book < 1 || book > m_booksCount)
+        return -1;
+    return book - FirstBookOfTestament(TestamentOfBook(book));
+}
+
+int clsBible::BookByName(const QString &name) const
+{
+    const QString wanted = basStrings::UpperCase(name.trimmed());
+    const int count = std::clamp(m_booksCount, 0, MaxBooks);
+    for (int i = 1; i <= count; ++i) {
+        if (basStrings::UpperCase(m_books[i - 1].name.trimmed()) == wanted)
+            return i;
+    }
+    return 0;
+}
+
 QString clsBible::BookFilePath(int number) const
 {
-    const int testament = number > m_oldTestamentCount ? 1 : 0;
-    return m_testamentFolders[testament] + BookName(number) + QStringLiteral(".dat");
+    return m_testamentFolders[TestamentOfBook(number)] + BookName(number) + QStringLiteral(".dat");
 }
 
 bool clsBible::lookUpBook(QString &name)
@@ -107,7 +145,7 @@ bool clsBible::lookUpBook(QString &name)
             if (full.startsWith(name)) {
                 name = full;
                 m_bookNumber = i;
-                m_testament = i > m_oldTestamentCount ? 1 : 0;
+                m_testament = TestamentOfBook(i);
                 return true;
             }
         }
@@ -141,37 +179,40 @@ QString clsBible::passage(QString book, int chapterFrom, int verseFrom, int chap
     // 5. Read the chapters, markers becoming headings when in-text references are on.
     const QString path = m_testamentFolders[m_testament] + book + QStringLiteral(".dat");
     const std::shared_ptr<const BookFiles::Content> file = BookFiles::lines(path);
+    QList<Part> parts;
+    bool inside = false;
+    if (file) {
+        m_lastReadFailed = false;
+        int chapter = 0;
+        for (const QString &line : file->lines) {
+            if (inside && ChapterMarker::IsMarkerOf(line, chapterTo + 1))
+                break;
+            if (!inside && ChapterMarker::IsMarkerOf(line, chapterFrom))
+                inside = true;
+            if (!inside)
+                continue;
+            if (ChapterMarker::IsMarker(line)) {
+                chapter = ChapterMarker::Number(line);
+                if (m_inTextReference)
+                    parts.append({book + u' ' + QString::number(chapter), true, chapter});
+                continue;
+            }
+            parts.append({line, false, chapter});
+        }
+    }
+
+    // 6. The book and chapters of this passage, even when none of it was found, so that the
+    // reference shown and a list's next bare chapter ("Mal 0,3") name the book asked for.
+    m_currentBook = book;
+    m_chapterFrom = chapterFrom;
+    m_chapterTo = chapterTo;
     if (!file) {
         m_lastReadFailed = true;
         platform::MsgBox(platform::ErrText(53, VbError::fileNotFound(platform::ResolvePath(path)).description));
         return QString();
     }
-    m_lastReadFailed = false;
-    QList<Part> parts;
-    bool inside = false;
-    int chapter = 0;
-    for (const QString &line : file->lines) {
-        if (inside && ChapterMarker::IsMarkerOf(line, chapterTo + 1))
-            break;
-        if (!inside && ChapterMarker::IsMarkerOf(line, chapterFrom))
-            inside = true;
-        if (!inside)
-            continue;
-        if (ChapterMarker::IsMarker(line)) {
-            chapter = ChapterMarker::Number(line);
-            if (m_inTextReference)
-                parts.append({book + u' ' + QString::number(chapter), true, chapter});
-            continue;
-        }
-        parts.append({line, false, chapter});
-    }
     if (!inside)
         return QString();
-
-    // 6. The book and chapters of this passage.
-    m_currentBook = book;
-    m_chapterFrom = chapterFrom;
-    m_chapterTo = chapterTo;
 
     // 7. Whole chapters, or the verses asked for.
     if (verseFrom == 0 && verseTo == 0) {

@@ -50,6 +50,18 @@ public:
     QString passage(QString book, int chapterFrom, int verseFrom = 0, int chapterTo = 0,
                     int verseTo = 0);
 
+    // Books by testament (0 the first, 1 the second), as the window lists them.
+    int FirstBookOfTestament(int testament) const;
+    int LastBookOfTestament(int testament) const;
+    int TestamentOfBook(int book) const;
+    // The book shown in a testament's list at a 0-based row; 0 when the row is not in the list.
+    int BookByRow(int testament, int row) const;
+    // The 0-based row of a book within its testament's list; -1 for no book.
+    int RowOfBook(int book) const;
+    // The number of the book of exactly this name (trimmed, any case); 0 when there is none.
+    // Unlike a passage it leaves the last passage as it was.
+    int BookByName(const QString &name) const;
+
     // The testament folders: index 0 the first testament, 1 the second, each ending in a separator.
     QString TestamentFolder(int index) const { return m_testamentFolders[index & 1]; }
 

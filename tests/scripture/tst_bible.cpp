@@ -38,6 +38,11 @@ private slots:
         special[2].lines.replace(special[2].lines.indexOf(QStringLiteral("CHAPTER 3")),
                                  QStringLiteral("chapter 3"));
         m_bible = makeTranslation(m_dir.path(), QStringLiteral("TEST"), wholeBible(special));
+        // A book file that lost its first marker, and a small translation to count books in.
+        makeTranslation(m_dir.path(), QStringLiteral("SMALL"),
+                        {{QStringLiteral("Genesis"), false, {"1 orphan verse", "CHAPTER 2", "1 x"}, 2},
+                         {QStringLiteral("Exodus"), false, chapters(QStringLiteral("Exodus"), {1})},
+                         {QStringLiteral("Mark"), true, chapters(QStringLiteral("Mark"), {1})}});
     }
 
     void counts()
@@ -123,6 +128,88 @@ private slots:
         // A reference of 10,000 characters neither hangs nor crashes.
         bible.Passagebystandard(QString(10000, u'9'));
         bible.Passagebystandard(QStringLiteral("John ") + QString(10000, u'-'));
+    }
+
+    // The book asked for becomes the current book even when none of the passage is found, so the
+    // reference shown names it and a list's bare chapter continues it.
+    void currentBookOfAnEmptyPassage_data()
+    {
+        QTest::addColumn<QString>("folder");
+        QTest::addColumn<QStringList>("references");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("standard");
+
+        QTest::newRow("chapter that is no number") << "TEST" << QStringList{"John 3:16", "Gen x"} << "" << "GENESIS 0";
+        QTest::newRow("bare chapter after chapter 0") << "TEST" << QStringList{"Mal 0,3"}
+                                                      << "MALACHI 3\r\n" + verses("Malachi", 3, 1, 3) << "MALACHI 3";
+        QTest::newRow("first marker missing") << "SMALL" << QStringList{"Mark 1", "Genesis 1"} << "" << "GENESIS 1";
+    }
+
+    void currentBookOfAnEmptyPassage()
+    {
+        QFETCH(QString, folder);
+        QFETCH(QStringList, references);
+        QFETCH(QString, text);
+        QFETCH(QString, standard);
+        clsBible bible;
+        bible.setVersionPath(m_dir.path() + u'/' + folder);
+        QString last;
+        for (const QString &reference : std::as_const(references))
+            last = bible.Passagebystandard(reference);
+        QCOMPARE(last, text);
+        QCOMPARE(bible.Standard(), standard);
+    }
+
+    void booksByTestament_data()
+    {
+        QTest::addColumn<QString>("folder");
+        QTest::addColumn<int>("book");
+        QTest::addColumn<int>("testament");
+        QTest::addColumn<int>("row");
+
+        QTest::newRow("first book") << "TEST" << 1 << 0 << 0;
+        QTest::newRow("last of the first testament") << "TEST" << 39 << 0 << 38;
+        QTest::newRow("first of the second") << "TEST" << 40 << 1 << 0;
+        QTest::newRow("last book") << "TEST" << 66 << 1 << 26;
+        QTest::newRow("small: second testament starts at 3") << "SMALL" << 3 << 1 << 0;
+        QTest::newRow("small: second book") << "SMALL" << 2 << 0 << 1;
+    }
+
+    void booksByTestament()
+    {
+        QFETCH(QString, folder);
+        QFETCH(int, book);
+        QFETCH(int, testament);
+        QFETCH(int, row);
+        clsBible bible;
+        bible.setVersionPath(m_dir.path() + u'/' + folder);
+        QCOMPARE(bible.TestamentOfBook(book), testament);
+        QCOMPARE(bible.RowOfBook(book), row);
+        QCOMPARE(bible.BookByRow(testament, row), book);
+        QCOMPARE(bible.FirstBookOfTestament(1), bible.OldTestamentCount() + 1);
+        QCOMPARE(bible.LastBookOfTestament(0), bible.OldTestamentCount());
+        QCOMPARE(bible.LastBookOfTestament(1), bible.BooksCount());
+        // Rows outside a list and numbers outside the table name no book.
+        QCOMPARE(bible.BookByRow(testament, -1), 0);
+        QCOMPARE(bible.BookByRow(0, bible.OldTestamentCount()), 0);
+        QCOMPARE(bible.BookByRow(1, bible.NewTestamentCount()), 0);
+        QCOMPARE(bible.RowOfBook(0), -1);
+        QCOMPARE(bible.RowOfBook(bible.BooksCount() + 1), -1);
+    }
+
+    void bookByName()
+    {
+        clsBible bible;
+        bible.setVersionPath(m_bible);
+        bible.Passagebystandard(QStringLiteral("Gen 2:3"));
+        const QList<std::pair<QString, int>> cases = {
+            {"John", 43}, {"  JOHN ", 43}, {"song of solomon", 22}, {"1John", 62},
+            {"Jo", 0}, {"1 John", 0}, {"", 0}, {"Johnny", 0}};
+        for (const auto &[name, number] : cases)
+            QCOMPARE(bible.BookByName(name), number);
+        QCOMPARE(bible.Standard(), QStringLiteral("GENESIS 2:3"));
+        QCOMPARE(bible.BookNumber(), 1);
+        QCOMPARE(bible.Testament(), 0);
     }
 
     void longNamesAndBadMaps()

@@ -2,12 +2,14 @@
 
 #include "app/frmMain.h"
 #include "platform/MsgBox.h"
-#include "platform/Twips.h"
 #include "scripture/basStrings.h"
 #include "settings/ProgramSettings.h"
+#include "settings/WindowPlacement.h"
 
 #include <QCheckBox>
-#include <QCloseEvent>
+#include <QEvent>
+#include <QItemSelectionModel>
+#include <QTimer>
 #include <QDir>
 #include <QFileInfo>
 #include <QLabel>
@@ -42,6 +44,9 @@ frmLoadVersion::frmLoadVersion(const QString &commandLine, QWidget *parent)
     layout->addWidget(chkAutoLoad);
     layout->addWidget(cmdLoad, 0, Qt::AlignRight);
     resize(380, 300);
+    m_placement = new WindowPlacement(this, QStringLiteral("load"));
+    // The list starts with no row marked; see eventFilter.
+    lstVersions->installEventFilter(this);
     connect(cmdLoad, &QPushButton::clicked, this, &frmLoadVersion::cmdLoad_Click);
     connect(lstVersions, &QListWidget::itemDoubleClicked, this, &frmLoadVersion::cmdLoad_Click);
 }
@@ -74,9 +79,7 @@ bool frmLoadVersion::Form_Load()
     settings.rememberWindows = ini.Data(QString(), QStringLiteral("rememberwindowsetting")) != 0;
 
     // 2. The window's own place.
-    if (settings.rememberWindows)
-        move(ini.Data(QStringLiteral("load"), QStringLiteral("left")) / platform::TwipsPerPixelX(this),
-             ini.Data(QStringLiteral("load"), QStringLiteral("top")) / platform::TwipsPerPixelY(this));
+    m_placement->restore();
 
     // 3. The installed translations.
     m_translations = TranslationList::List(programFolder());
@@ -85,8 +88,8 @@ bool frmLoadVersion::Form_Load()
 
     // The check box shows the saved choice before anything is opened, so opening a translation
     // from the command line keeps the user's automatic-load setting as it was.
-    const int autoLoad = ini.Data(QStringLiteral("load"), QStringLiteral("autoload"));
-    chkAutoLoad->setChecked(autoLoad > 0);
+    // Any value but 0 is on; a missing key reads as -1 and so is on too.
+    chkAutoLoad->setChecked(ini.Data(QStringLiteral("load"), QStringLiteral("autoload")) != 0);
 
     // 4. A translation named on the command line.
     if (!m_commandLine.isEmpty()) {
@@ -140,24 +143,26 @@ void frmLoadVersion::OpenTranslation(const QString &folder)
     // 3. Show the main window.
     m_main->show();
     // 4. This window's work is done.
+    // 4. This window's work is done; closing it keeps its place (a window never shown keeps the
+    // place it was given).
     if (!m_opened) {
         m_opened = true;
         if (isVisible())
             close();
         else
-            savePosition();
+            m_placement->save();
     }
 }
 
-void frmLoadVersion::savePosition()
+bool frmLoadVersion::eventFilter(QObject *watched, QEvent *event)
 {
-    clsIni &ini = ProgramSettings::instance().Ini();
-    ini.setData(QStringLiteral("load"), QStringLiteral("left"), pos().x() * platform::TwipsPerPixelX(this));
-    ini.setData(QStringLiteral("load"), QStringLiteral("top"), pos().y() * platform::TwipsPerPixelY(this));
-}
-
-void frmLoadVersion::closeEvent(QCloseEvent *event)
-{
-    savePosition();
-    event->accept();
+    // Taking the focus marks the list's first row as current without choosing it, which looks
+    // like a choice that Load then refuses. No row is marked until the user picks one.
+    if (watched == lstVersions && event->type() == QEvent::FocusIn) {
+        QTimer::singleShot(0, this, [this] {
+            if (lstVersions->selectedItems().isEmpty())
+                lstVersions->selectionModel()->clearCurrentIndex();
+        });
+    }
+    return QDialog::eventFilter(watched, event);
 }

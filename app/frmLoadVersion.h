@@ -11,6 +11,7 @@
 class QCheckBox;
 class QListWidget;
 class QPushButton;
+class WindowPlacement;
 
 
 // The start-up window: lists the installed translations and opens one, or skips itself when a
@@ -31,24 +32,23 @@ public:
     frmMain *MainWindow() const { return m_main; }
     bool Opened() const { return !m_main.isNull() && m_opened; }
 
-    QListWidget *lstVersions = nullptr;
-    QPushButton *cmdLoad = nullptr;
-    QCheckBox *chkAutoLoad = nullptr;
-
 public slots:
     void cmdLoad_Click();
     // Opens a translation folder of the program folder and shows the main window.
     void OpenTranslation(const QString &folder);
 
 protected:
-    void closeEvent(QCloseEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     bool holdsTranslation(const QString &folder) const;
-    void savePosition();
 
     QString m_commandLine;
     QList<InstalledTranslation> m_translations;
     QPointer<frmMain> m_main;
     bool m_opened = false;
+    WindowPlacement *m_placement = nullptr;
+    QListWidget *lstVersions = nullptr;
+    QPushButton *cmdLoad = nullptr;
+    QCheckBox *chkAutoLoad = nullptr;
 };

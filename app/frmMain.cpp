@@ -1,14 +1,16 @@
 #include "app/frmMain.h"
 
-#include "platform/frmAbout.h"
+#include "library/DataFiles.h"
 #include "platform/MsgBox.h"
 #include "platform/RichTextBox.h"
 #include "platform/Twips.h"
+#include "platform/frmAbout.h"
 #include "scripture/PassageFormatter.h"
 #include "scripture/QuickSearch.h"
 #include "scripture/TranslationList.h"
 #include "scripture/basStrings.h"
 #include "settings/ProgramSettings.h"
+#include "settings/WindowPlacement.h"
 #include "settings/basSettings.h"
 
 #include <QAction>
@@ -29,6 +31,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QSplitter>
+#include <QSignalBlocker>
 #include <QTabWidget>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -40,9 +43,24 @@ QString programFile(const QString &name)
     return basStrings::JoinPath(ProgramSettings::instance().programFolder(), name);
 }
 
+// Pixels for a length in twips, rounded up so that a smallest size is never undercut.
+int pixelsX(const QWidget *widget, int twips)
+{
+    const int perPixel = platform::TwipsPerPixelX(widget);
+    return (twips + perPixel - 1) / perPixel;
+}
+
+int pixelsY(const QWidget *widget, int twips)
+{
+    const int perPixel = platform::TwipsPerPixelY(widget);
+    return (twips + perPixel - 1) / perPixel;
+}
+
 // The smallest window, in twips: below it the lists and the boxes at the bottom do not fit.
 constexpr int kMinWidthTwips = 3000;
 constexpr int kMinHeightTwips = 4080;
+// The narrowest a list or the tab strip may be made with a splitter.
+constexpr int kSplitterClampTwips = 250;
 
 } // namespace
 
@@ -51,19 +69,22 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
     setObjectName(QStringLiteral("frmMain"));
     buildControls();
     buildMenus();
-    setMinimumSize(kMinWidthTwips / twipsPerPixelX(), kMinHeightTwips / twipsPerPixelY());
-    resize(1000, 720);
+    setMinimumSize(pixelsX(this, kMinWidthTwips), pixelsY(this, kMinHeightTwips));
+    // The first size, for a user who does not keep the window's placement: as large as a reader
+    // wants, but on the screen.
+    QSize size(1000, 720);
+    if (const QScreen *screen = QGuiApplication::primaryScreen())
+        size = size.boundedTo(screen->availableGeometry().size() - QSize(40, 80));
+    resize(size.expandedTo(minimumSize()));
+
+    m_placement = new WindowPlacement(this, QStringLiteral("main"),
+                                      WindowPlacement::Position | WindowPlacement::Size | WindowPlacement::State);
+    // Old settings files spell the key so; the store finds "left" under it all the same.
+    m_placement->setLeftReadKey(QStringLiteral("Left"));
+    m_placement->addSplitter(splitter, {QStringLiteral("split0"), QStringLiteral("split1")});
 }
 
-int frmMain::twipsPerPixelX() const
-{
-    return platform::TwipsPerPixelX(this);
-}
-
-int frmMain::twipsPerPixelY() const
-{
-    return platform::TwipsPerPixelY(this);
-}
+frmMain::~frmMain() = default;
 
 void frmMain::buildControls()
 {
@@ -103,8 +124,9 @@ void frmMain::buildControls()
     rtfPassage->setObjectName(QStringLiteral("rtfPassage"));
     rtfPassage->setLocked(true);
     SSTab1->addTab(rtfPassage, QStringLiteral("Passage"));
-    for (QWidget *w : {static_cast<QWidget *>(lstBooks), static_cast<QWidget *>(lstChapters)})
-        w->setMinimumWidth(250 / twipsPerPixelX());
+    for (QWidget *w : {static_cast<QWidget *>(lstBooks), static_cast<QWidget *>(lstChapters),
+                       static_cast<QWidget *>(SSTab1)})
+        w->setMinimumWidth(pixelsX(this, kSplitterClampTwips));
     splitter->setStretchFactor(2, 1);
     splitter->setSizes({170, 60, 740});
     layout->addWidget(splitter, 1);
@@ -221,7 +243,9 @@ void frmMain::buildMenus()
     mnuRightClick = new QMenu(this);
     mnuRightClick->setObjectName(QStringLiteral("mnuRightClick"));
     mnuRightclickDictionary = mnuRightClick->addAction(QStringLiteral("Look up in &Dictionary"), this, notYet(QStringLiteral("The dictionary")));
+    mnuRightclickDictionary->setObjectName(QStringLiteral("mnuRightclickDictionary"));
     mnuRightclickStrongLexicon = mnuRightClick->addAction(QStringLiteral("Strong's Lexicon Entry?"), this, notYet(QStringLiteral("The Strong's lexicon")));
+    mnuRightclickStrongLexicon->setObjectName(QStringLiteral("mnuRightclickStrongLexicon"));
 }
 
 void frmMain::buildTranslationsMenu()
@@ -241,16 +265,17 @@ void frmMain::buildTranslationsMenu()
 void frmMain::checkDataFiles()
 {
     // Each optional data file decides whether its feature is offered.
-    m_hasCommentary = basStrings::FileExists(programFile(QStringLiteral("TVC\\Oldtest\\genesis.dat")));
-    const bool strong = basStrings::FileExists(programFile(QStringLiteral("strong\\hebrew.dat")));
+    using DataFiles::File;
+    m_hasCommentary = DataFiles::Exists(File::Commentary);
+    const bool strong = DataFiles::Exists(File::StrongHebrew);
     mnuReferencesStrong->setEnabled(strong);
     mnuRightclickStrongLexicon->setEnabled(strong);
-    const bool dictionary = basStrings::FileExists(programFile(QStringLiteral("Dictionary.dat")));
+    const bool dictionary = DataFiles::Exists(File::Dictionary);
     mnuReferencesDictionary->setVisible(dictionary);
     mnuRightclickDictionary->setVisible(dictionary);
-    m_namesPath = programFile(QStringLiteral("names.dat"));
-    m_prophecyPath = programFile(QStringLiteral("prophecy.dat"));
-    m_unitsPath = programFile(QStringLiteral("Units.rtf"));
+    m_namesPath = DataFiles::Path(File::Names);
+    m_prophecyPath = DataFiles::Path(File::Prophecy);
+    m_unitsPath = DataFiles::Path(File::Units);
 }
 
 void frmMain::LoadTranslation(const QString &folder)
@@ -281,19 +306,15 @@ void frmMain::LoadTranslation(const QString &folder)
 
     if (!reopening || oldBook == 0)
         return;
-    int book = 0;
-    for (int b = 1; b <= m_bible.BooksCount() && book == 0; ++b) {
-        if (m_bible.BookName(b).compare(oldName, Qt::CaseInsensitive) == 0)
-            book = b;
-    }
+    int book = m_bible.BookByName(oldName);
     if (book == 0 && oldCount == m_bible.BooksCount())
         book = oldBook;
     if (book == 0)
         return;
-    const int testament = book > m_bible.OldTestamentCount() ? 1 : 0;
+    const int testament = m_bible.TestamentOfBook(book);
     cmbTestaments->setCurrentIndex(testament);
     cmbTestaments_Click();
-    lstBooks->setCurrentRow(book - 1 - (testament ? m_bible.OldTestamentCount() : 0));
+    lstBooks->setCurrentRow(m_bible.RowOfBook(book));
     if (chapter > 0 && chapter <= lstChapters->count())
         lstChapters->setCurrentRow(chapter - 1);
 }
@@ -330,10 +351,9 @@ void frmMain::cmbTestaments_Click()
 {
     lstBooks->clear();
     lstChapters->clear();
-    const int first = cmbTestaments->currentIndex() == 1 ? m_bible.OldTestamentCount() + 1 : 1;
-    const int last = cmbTestaments->currentIndex() == 1 ? m_bible.BooksCount() : m_bible.OldTestamentCount();
+    const int testament = cmbTestaments->currentIndex() == 1 ? 1 : 0;
     QStringList names;
-    for (int b = first; b <= last; ++b)
+    for (int b = m_bible.FirstBookOfTestament(testament), last = m_bible.LastBookOfTestament(testament); b <= last; ++b)
         names << m_bible.BookName(b);
     lstBooks->addItems(names);
 }
@@ -344,7 +364,7 @@ void frmMain::lstBooks_Click()
     const int row = lstBooks->currentRow();
     if (row < 0)
         return;
-    const int number = row + 1 + (cmbTestaments->currentIndex() == 1 ? m_bible.OldTestamentCount() : 0);
+    const int number = m_bible.BookByRow(cmbTestaments->currentIndex() == 1 ? 1 : 0, row);
     QStringList chapters;
     for (int c = 1, n = m_bible.Chapters(number); c <= n; ++c)
         chapters << QString::number(c);
@@ -358,20 +378,32 @@ void frmMain::lstChapters_Click()
     if (!book || !chapter)
         return;
     const QString text = m_bible.passage(book->text(), chapter->text().toInt(), 0, 0, 0);
-    ShowPassage(PassageFormatter::ToRichText(text, true), m_bible.Standard());
+    rtfPassage->setTextRTF(PassageFormatter::ToRichText(text, true));
+    rtfPassage->setSelStart(0);
+    lbltitle->setText(m_bible.Standard());
 }
 
 void frmMain::ShowPassage(const QString &rtf, const QString &title)
 {
+    // A passage handed over by another window is there to be read.
+    SSTab1->setCurrentIndex(0);
     rtfPassage->setTextRTF(rtf);
     rtfPassage->setSelStart(0);
     lbltitle->setText(title);
 }
 
+void frmMain::GoToReference(const QString &reference)
+{
+    txtReference->setText(reference);
+    cmdGet_Click();
+}
+
 void frmMain::cmdGet_Click()
 {
     const QString text = m_bible.Passagebystandard(txtReference->text());
-    ShowPassage(PassageFormatter::ToRichText(text, true), m_bible.Standard());
+    rtfPassage->setTextRTF(PassageFormatter::ToRichText(text, true));
+    rtfPassage->setSelStart(0);
+    lbltitle->setText(m_bible.Standard());
 
     // An unknown book leaves an empty view, and the lists stay where they were.
     const int testament = m_bible.Testament();
@@ -379,7 +411,7 @@ void frmMain::cmdGet_Click()
         return;
     cmbTestaments->setCurrentIndex(testament);
     cmbTestaments_Click();
-    const int row = m_bible.BookNumber() - 1 - (testament == 1 ? m_bible.OldTestamentCount() : 0);
+    const int row = m_bible.RowOfBook(m_bible.BookNumber());
     {
         const QSignalBlocker block(lstBooks);
         lstBooks->setCurrentRow(row);
@@ -479,71 +511,24 @@ void frmMain::mnuReferencesUnits_Click()
         rtfPassage->setSelStart(0);
         return;
     }
-    platform::MsgBox(m_unitsPath + QStringLiteral(" is missing.  Feature will be disabled.\r\n") +
-                         QStringLiteral("Reinstall the program to restore it"),
-                     vb::vbCritical);
+    DataFiles::ReportMissing(m_unitsPath);
 }
 
 void frmMain::mnuHelpAbout_Click()
 {
-    frmAbout about(programFile(QStringLiteral("CREDITS.md")), this);
+    frmAbout about(DataFiles::Path(DataFiles::File::Credits), this);
     about.exec();
 }
 
 void frmMain::LoadSession()
 {
-    ProgramSettings &settings = ProgramSettings::instance();
-    if (!settings.rememberWindows)
-        return;
-    clsIni &ini = settings.Ini();
-    const QString main = QStringLiteral("main");
-    const int state = ini.Data(main, QStringLiteral("windowstate"));
-    const int tx = twipsPerPixelX();
-    const int ty = twipsPerPixelY();
-    if (state == 0) {
-        const int left = ini.Data(main, QStringLiteral("Left"));
-        const int top = ini.Data(main, QStringLiteral("top"));
-        const int width = ini.Data(main, QStringLiteral("width"));
-        const int height = ini.Data(main, QStringLiteral("height"));
-        move(left / tx, top / ty);
-        resize(std::max(width / tx, minimumWidth()), std::max(height / ty, minimumHeight()));
-    } else if (state == 2) {
-        setWindowState(windowState() | Qt::WindowMaximized);
-    }
-    // Splitter positions are twips from the window's inner left edge.
-    const int split1 = ini.Data(main, QStringLiteral("split1")) / tx;
-    const int split0 = ini.Data(main, QStringLiteral("split0")) / tx;
-    const int left = splitter->geometry().left();
-    const int handle = splitter->handleWidth();
-    QList<int> sizes = splitter->sizes();
-    const int total = sizes.value(0) + sizes.value(1) + sizes.value(2);
-    const int books = std::max(split0 - left, lstBooks->minimumWidth());
-    const int chapters = std::max(split1 - split0 - handle, lstChapters->minimumWidth());
-    if (split0 > 0 && split1 > split0)
-        splitter->setSizes({books, chapters, std::max(100, total - books - chapters)});
+    m_placement->restore();
     placeHeader();
 }
 
 void frmMain::SaveSession()
 {
-    clsIni &ini = ProgramSettings::instance().Ini();
-    const QString main = QStringLiteral("main");
-    const int state = isMinimized() ? 1 : isMaximized() ? 2 : 0;
-    ini.setData(main, QStringLiteral("windowstate"), state);
-    const int tx = twipsPerPixelX();
-    const int ty = twipsPerPixelY();
-    if (state == 0) {
-        const QRect frame = frameGeometry();
-        ini.setData(main, QStringLiteral("left"), frame.left() * tx);
-        ini.setData(main, QStringLiteral("top"), frame.top() * ty);
-        ini.setData(main, QStringLiteral("width"), frame.width() * tx);
-        ini.setData(main, QStringLiteral("height"), frame.height() * ty);
-    }
-    const QList<int> sizes = splitter->sizes();
-    const int left = splitter->geometry().left();
-    const int handle = splitter->handleWidth();
-    ini.setData(main, QStringLiteral("split0"), (left + sizes.value(0)) * tx);
-    ini.setData(main, QStringLiteral("split1"), (left + sizes.value(0) + handle + sizes.value(1)) * tx);
+    m_placement->save();
 }
 
 void frmMain::placeHeader()

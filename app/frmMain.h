@@ -1,5 +1,6 @@
 #pragma once
 
+#include "library/MainWindowLink.h"
 #include "scripture/clsBible.h"
 
 #include <QMainWindow>
@@ -8,6 +9,7 @@
 class QAction;
 class QCheckBox;
 class QComboBox;
+class QFrame;
 class QLabel;
 class QLineEdit;
 class QListWidget;
@@ -17,22 +19,25 @@ class QPushButton;
 class QSplitter;
 class QTabWidget;
 class QWidget;
+class WindowPlacement;
 namespace platform {
 class RichTextBox;
 }
 
 // The main reading window: testament, book and chapter lists on the left, the passage under its
-// title on the right, and the reference and keyword boxes along the bottom. It binds the controls
-// to the Bible text store and the quick search; the logic lives in those.
-class frmMain : public QMainWindow
+// title on the right, and the reference and keyword boxes along
+// the bottom. It binds the controls to the Bible text store and the quick search; the logic lives in those. Controls carry the object names the program has
+// always used, so tests and other windows find them by name.
+class frmMain : public QMainWindow, public MainWindowLink
 {
     Q_OBJECT
 
 public:
     explicit frmMain(QWidget *parent = nullptr);
+    ~frmMain() override;
 
     // The store of the open translation.
-    clsBible &Bible() { return m_bible; }
+    clsBible &Bible() override { return m_bible; }
 
     // Points the window at a translation folder of the program folder (its name, e.g. "KJV") and
     // fills everything from it.
@@ -42,7 +47,9 @@ public:
     void QuickSearch(const QString &text);
 
     // Fills the passage view with a whole rich-text document and the title label.
-    void ShowPassage(const QString &rtf, const QString &title);
+    void ShowPassage(const QString &rtf, const QString &title) override;
+    // Puts a reference into the reference box and fetches it, as "Get it" does.
+    void GoToReference(const QString &reference) override;
 
     // Reads "general.cfg" and "display.cfg", then applies them.
     void LoadSettingsFiles();
@@ -56,30 +63,6 @@ public:
     QString ProphecyPath() const { return m_prophecyPath; }
     QString UnitsPath() const { return m_unitsPath; }
     bool HasCommentary() const { return m_hasCommentary; }
-
-    // Menu entries tests and other windows reach.
-    QAction *mnuReferencesStrong = nullptr;
-    QAction *mnuReferencesDictionary = nullptr;
-    QAction *mnuRightclickStrongLexicon = nullptr;
-    QAction *mnuRightclickDictionary = nullptr;
-    QMenu *mnuTranslations = nullptr;
-    QMenu *mnuRightClick = nullptr;
-
-    QComboBox *cmbTestaments = nullptr;
-    QListWidget *lstBooks = nullptr;
-    QListWidget *lstChapters = nullptr;
-    QLineEdit *txtReference = nullptr;
-    QPushButton *cmdGet = nullptr;
-    QCheckBox *chkUpdateList = nullptr;
-    QLineEdit *txtQuery = nullptr;
-    QPushButton *cmdSearch = nullptr;
-    QCheckBox *chkWordSearch = nullptr;
-    QPushButton *cmdCopy = nullptr;
-    QTabWidget *SSTab1 = nullptr;
-    platform::RichTextBox *rtfPassage = nullptr;
-    QLabel *lbltitle = nullptr;
-    QProgressBar *picProgress = nullptr;
-    QSplitter *splitter = nullptr;
 
 signals:
     // The user chose another translation from the menu.
@@ -110,8 +93,6 @@ private:
     void checkDataFiles();
     void placeHeader();
     platform::RichTextBox *targetView() const;
-    int twipsPerPixelX() const;
-    int twipsPerPixelY() const;
 
     clsBible m_bible;
     QString m_translationFolder;
@@ -120,5 +101,28 @@ private:
     QString m_unitsPath;
     bool m_hasCommentary = false;
     bool m_searching = false;
+    WindowPlacement *m_placement = nullptr;
+
     QWidget *m_header = nullptr;
+    QAction *mnuReferencesStrong = nullptr;
+    QAction *mnuReferencesDictionary = nullptr;
+    QAction *mnuRightclickStrongLexicon = nullptr;
+    QAction *mnuRightclickDictionary = nullptr;
+    QMenu *mnuTranslations = nullptr;
+    QMenu *mnuRightClick = nullptr;
+    QComboBox *cmbTestaments = nullptr;
+    QListWidget *lstBooks = nullptr;
+    QListWidget *lstChapters = nullptr;
+    QLineEdit *txtReference = nullptr;
+    QPushButton *cmdGet = nullptr;
+    QCheckBox *chkUpdateList = nullptr;
+    QLineEdit *txtQuery = nullptr;
+    QPushButton *cmdSearch = nullptr;
+    QCheckBox *chkWordSearch = nullptr;
+    QPushButton *cmdCopy = nullptr;
+    QTabWidget *SSTab1 = nullptr;
+    platform::RichTextBox *rtfPassage = nullptr;
+    QLabel *lbltitle = nullptr;
+    QProgressBar *picProgress = nullptr;
+    QSplitter *splitter = nullptr;
 };

@@ -12,14 +12,12 @@ int main(int argc, char **argv)
     QApplication::setApplicationName(QStringLiteral("Quillstone Bible System"));
 
     QStringList args = QApplication::arguments().mid(1);
-    QString folder = qEnvironmentVariable("QUILLSTONE_DIR");
-    if (folder.isEmpty())
-        folder = QApplication::applicationDirPath();
+    QString dirOption;
     if (args.size() >= 2 && args.first() == u"--dir") {
         args.removeFirst();
-        folder = args.takeFirst();
+        dirOption = args.takeFirst();
     }
-    ProgramSettings::instance().setProgramFolder(folder);
+    ProgramSettings::instance().setProgramFolder(ProgramSettings::ResolveProgramFolder(dirOption));
     platform::InstallWidgetMsgBox();
 
     frmLoadVersion chooser(args.value(0));

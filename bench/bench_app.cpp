@@ -61,7 +61,7 @@ void LongChapterOnScreen(benchmark::State &state)
     for (auto _ : state) {
         const QString text = main->Bible().Passagebystandard(QStringLiteral("Psalms 119"));
         main->ShowPassage(PassageFormatter::ToRichText(text, true), main->Bible().Standard());
-        benchmark::DoNotOptimize(main->rtfPassage->viewport()->grab());
+        benchmark::DoNotOptimize(main->findChild<platform::RichTextBox *>(QStringLiteral("rtfPassage"))->viewport()->grab());
     }
     delete main;
 }

@@ -33,8 +33,10 @@ QList<InstalledTranslation> List(const QString &programFolder)
     QList<InstalledTranslation> list;
     for (const QString &folder : std::as_const(folders)) {
         const Header header = ReadHeader(dir.filePath(folder));
+        // A translation without a name on its first line is still one; a blank entry could not
+        // be told apart or chosen with confidence, so it goes by its folder's name.
         if (header.found)
-            list.append({folder, header.name});
+            list.append({folder, basStrings::TrimBlanks(header.name).isEmpty() ? folder : header.name});
     }
     return list;
 }

@@ -9,12 +9,20 @@ ProgramSettings &ProgramSettings::instance()
     return settings;
 }
 
-QString ProgramSettings::programFolder() const
+QString ProgramSettings::ResolveProgramFolder(const QString &dirOption)
 {
-    if (!m_programFolder.isEmpty())
-        return m_programFolder;
+    if (!dirOption.isEmpty())
+        return dirOption;
+    const QString fromEnvironment = qEnvironmentVariable("QUILLSTONE_DIR");
+    if (!fromEnvironment.isEmpty())
+        return fromEnvironment;
     const QString folder = QCoreApplication::applicationDirPath();
     return folder.isEmpty() ? QDir::currentPath() : folder;
+}
+
+QString ProgramSettings::programFolder() const
+{
+    return m_programFolder.isEmpty() ? ResolveProgramFolder(QString()) : m_programFolder;
 }
 
 void ProgramSettings::setProgramFolder(const QString &folder)

@@ -14,6 +14,11 @@ class ProgramSettings
 public:
     static ProgramSettings &instance();
 
+    // The program folder for a start with the given "--dir" option (empty when none): the
+    // option, else the environment variable QUILLSTONE_DIR, else the executable's folder. The
+    // window and the command line both start from this.
+    static QString ResolveProgramFolder(const QString &dirOption);
+
     // The executable's folder unless start-up names another (a command-line option, a test).
     QString programFolder() const;
     // Also points the settings store at the new folder's "window.ini".

@@ -1,24 +1,24 @@
 // Start-up and the reading window, driven through their controls on the offscreen platform.
+#include "../support/ProgramHarness.h"
 #include "../support/TranslationFixture.h"
-#include "app/frmLoadVersion.h"
-#include "app/frmMain.h"
 #include "platform/MsgBoxAnswerer.h"
 #include "platform/RichTextBox.h"
 #include "settings/ProgramSettings.h"
 
 #include <QAction>
 #include <QCheckBox>
-#include <QMenu>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
 
 using namespace fixture;
+using support::ProgramHarness;
 
 class TestMainWindow : public QObject
 {
@@ -27,16 +27,9 @@ class TestMainWindow : public QObject
     QTemporaryDir m_dir;
 
     void writeIni(const QByteArray &text) { writeFile(m_dir.path() + QStringLiteral("/window.ini"), text); }
-
-    // Starts the program on the fixture folder the way main() does.
-    std::unique_ptr<frmLoadVersion> start(const QString &commandLine, bool *started = nullptr)
+    QString ini(const QString &section, const QString &key) const
     {
-        ProgramSettings::instance().setProgramFolder(m_dir.path());
-        auto chooser = std::make_unique<frmLoadVersion>(commandLine);
-        const bool ok = chooser->Form_Load();
-        if (started)
-            *started = ok;
-        return chooser;
+        return ProgramSettings::instance().Ini().Text(section, key);
     }
 
 private slots:
@@ -44,6 +37,8 @@ private slots:
     {
         QList<Book> special = {{QStringLiteral("John"), false, chapters(QStringLiteral("John"), {51, 25, 36})}};
         makeTranslation(m_dir.path(), QStringLiteral("TEST"), wholeBible(special), QStringLiteral("Test Version"));
+        makeTranslation(m_dir.path(), QStringLiteral("NAMELESS"),
+                        {{QStringLiteral("Genesis"), false, chapters(QStringLiteral("Genesis"), {1})}}, QString());
         makeTranslation(m_dir.path(), QStringLiteral("SMALL"),
                         {{QStringLiteral("Genesis"), false, chapters(QStringLiteral("Genesis"), {2})},
                          {QStringLiteral("Mark"), true, chapters(QStringLiteral("Mark"), {2})}},
@@ -54,9 +49,8 @@ private slots:
     {
         QFile::remove(m_dir.path() + QStringLiteral("/window.ini"));
         platform::MsgBoxAnswerer answers;
-        bool started = true;
-        auto chooser = start(QString(), &started);
-        QVERIFY(!started);
+        ProgramHarness program(m_dir.path());
+        QVERIFY(!program.start());
         QCOMPARE(answers.prompts(), QStringList{QStringLiteral(
             "Unable to launch because 'window.ini' is missing from the program's directory!\r\n"
             "Reinstall the program to repair the problem")});
@@ -68,49 +62,57 @@ private slots:
         writeIni("[]\r\nrememberwindowsetting=0\r\n[load]\r\nautoload=0\r\n");
         {
             platform::MsgBoxAnswerer answers;
-            auto chooser = start(QStringLiteral("test"));
-            QVERIFY(chooser->Opened());
-            QCOMPARE(chooser->MainWindow()->windowTitle(), QStringLiteral("Test Version - Quillstone Bible 1.0.0"));
+            ProgramHarness program(m_dir.path());
+            program.start(QStringLiteral("test"));
+            QVERIFY(program.opened());
+            QCOMPARE(program.main()->windowTitle(), QStringLiteral("Test Version - Quillstone Bible 1.0.0"));
             QCOMPARE(answers.count(), 0);
-            QCOMPARE(chooser->lstVersions->count(), 2);
-            delete chooser->MainWindow();
+            QCOMPARE(program.control<QListWidget>("lstVersions")->count(), 3);
+            // A translation with no name on its first line goes by its folder's name.
+            QCOMPARE(program.control<QListWidget>("lstVersions")->item(0)->text(), QStringLiteral("NAMELESS"));
         }
         // A folder outside the program folder is refused; nothing opens and the list waits.
         for (const QString &bad : {QStringLiteral("../TEST"), m_dir.path() + QStringLiteral("/TEST"), QStringLiteral("NONE")}) {
             platform::MsgBoxAnswerer answers;
-            auto chooser = start(bad);
-            QVERIFY2(!chooser->Opened(), qPrintable(bad));
+            ProgramHarness program(m_dir.path());
+            program.start(bad);
+            QVERIFY2(!program.opened(), qPrintable(bad));
             QCOMPARE(answers.prompts(), QStringList{QStringLiteral(
                 "An invalid version path was supplied at the command line, ignoring it and resuming")});
         }
         // The saved translation opens by itself when auto-load is on; a bad one is reported.
-        writeIni("[load]\r\nautoload=1\r\nversion=SMALL\r\n");
-        {
+        // Any value but 0 is on, and a missing key reads as -1.
+        for (const QByteArray &autoload : {QByteArray("autoload=1\r\n"), QByteArray("autoload=2\r\n"), QByteArray()}) {
+            writeIni("[load]\r\n" + autoload + "version=SMALL\r\n");
             platform::MsgBoxAnswerer answers;
-            auto chooser = start(QString());
-            QVERIFY(chooser->Opened());
-            QCOMPARE(chooser->MainWindow()->windowTitle(), QStringLiteral("Small Version - Quillstone Bible 1.0.0"));
-            delete chooser->MainWindow();
+            ProgramHarness program(m_dir.path());
+            program.start();
+            QVERIFY2(program.opened(), autoload.constData());
+            QCOMPARE(program.main()->windowTitle(), QStringLiteral("Small Version - Quillstone Bible 1.0.0"));
         }
         writeIni("[load]\r\nautoload=1\r\nversion=GONE\r\n");
         {
             platform::MsgBoxAnswerer answers;
-            auto chooser = start(QString());
-            QVERIFY(!chooser->Opened());
+            ProgramHarness program(m_dir.path());
+            program.start();
+            QVERIFY(!program.opened());
             QCOMPARE(answers.prompts(), QStringList{QStringLiteral(
                 "An invalid version path was saved in the settings, ignoring and resuming")});
-            // Load with nothing selected, then with a choice.
-            chooser->lstVersions->clearSelection();
-            chooser->lstVersions->setCurrentRow(-1);
+            // The list takes the focus without marking a row: Enter asks for a choice.
+            frmLoadVersion *chooser = program.chooser();
+            auto *list = program.control<QListWidget>("lstVersions");
+            chooser->show();
+            QVERIFY(QTest::qWaitForWindowExposed(chooser));
+            list->setFocus();
+            QTest::qWait(20);
+            QCOMPARE(list->currentRow(), -1);
             answers.clear();
-            chooser->cmdLoad_Click();
+            QTest::keyClick(list, Qt::Key_Return);
             QCOMPARE(answers.prompts(), QStringList{QStringLiteral("Please select a translation first")});
-            chooser->lstVersions->setCurrentRow(1);
-            chooser->cmdLoad_Click();
-            QVERIFY(chooser->Opened());
-            QCOMPARE(ProgramSettings::instance().Ini().Text(QStringLiteral("load"), QStringLiteral("version")),
-                     QStringLiteral("TEST"));
-            delete chooser->MainWindow();
+            list->setCurrentRow(2);
+            QTest::mouseClick(program.control<QPushButton>("cmdLoad"), Qt::LeftButton);
+            QVERIFY(program.opened());
+            QCOMPARE(ini(QStringLiteral("load"), QStringLiteral("version")), QStringLiteral("TEST"));
         }
     }
 
@@ -118,104 +120,105 @@ private slots:
     {
         writeIni("[load]\r\nautoload=0\r\n");
         platform::MsgBoxAnswerer answers;
-        auto chooser = start(QStringLiteral("TEST"));
-        frmMain *main = chooser->MainWindow();
+        ProgramHarness program(m_dir.path());
+        program.start(QStringLiteral("TEST"));
+        frmMain *main = program.main();
         QVERIFY(main);
 
         // The first chapter of the Bible is on display after start-up.
-        QCOMPARE(main->lbltitle->text(), QStringLiteral("GENESIS 1"));
+        QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("GENESIS 1"));
 
-        main->cmbTestaments->setCurrentIndex(1);
+        program.control<QComboBox>("cmbTestaments")->setCurrentIndex(1);
         main->cmbTestaments_Click();
-        QCOMPARE(main->lstBooks->count(), 27);
-        QCOMPARE(main->lstBooks->item(0)->text(), main->Bible().BookName(40));
+        QCOMPARE(program.control<QListWidget>("lstBooks")->count(), 27);
+        QCOMPARE(program.control<QListWidget>("lstBooks")->item(0)->text(), main->Bible().BookName(40));
 
-        main->lstBooks->setCurrentRow(3); // John
-        QCOMPARE(main->lstChapters->count(), 3);
-        main->lstChapters->setCurrentRow(1);
-        QCOMPARE(main->lbltitle->text(), QStringLiteral("JOHN 2"));
-        QCOMPARE(main->lbltitle->text(), main->Bible().Standard());
-        QVERIFY(main->rtfPassage->Text().startsWith(QStringLiteral("JOHN 2\r\n1 Text of John 2:1\r\n")));
+        program.control<QListWidget>("lstBooks")->setCurrentRow(3); // John
+        QCOMPARE(program.control<QListWidget>("lstChapters")->count(), 3);
+        program.control<QListWidget>("lstChapters")->setCurrentRow(1);
+        QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("JOHN 2"));
+        QCOMPARE(program.control<QLabel>("lbltitle")->text(), main->Bible().Standard());
+        QVERIFY(program.control<platform::RichTextBox>("rtfPassage")->Text().startsWith(QStringLiteral("JOHN 2\r\n1 Text of John 2:1\r\n")));
 
         // "Get it" moves the lists to the passage.
-        main->cmbTestaments->setCurrentIndex(0);
+        program.control<QComboBox>("cmbTestaments")->setCurrentIndex(0);
         main->cmbTestaments_Click();
-        main->txtReference->setText(QStringLiteral("jn 3:16"));
-        QTest::mouseClick(main->cmdGet, Qt::LeftButton);
-        QCOMPARE(main->lbltitle->text(), QStringLiteral("JOHN 3:16"));
-        QCOMPARE(main->rtfPassage->Text(), QStringLiteral("JOHN 3 \r\n16 Text of John 3:16\r\n"));
-        QCOMPARE(main->cmbTestaments->currentIndex(), 1);
-        QCOMPARE(main->lstBooks->currentItem()->text(), QStringLiteral("John"));
-        QCOMPARE(main->lstChapters->currentItem()->text(), QStringLiteral("3"));
+        program.control<QLineEdit>("txtReference")->setText(QStringLiteral("jn 3:16"));
+        QTest::mouseClick(program.control<QPushButton>("cmdGet"), Qt::LeftButton);
+        QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("JOHN 3:16"));
+        QCOMPARE(program.control<platform::RichTextBox>("rtfPassage")->Text(), QStringLiteral("JOHN 3 \r\n16 Text of John 3:16\r\n"));
+        QCOMPARE(program.control<QComboBox>("cmbTestaments")->currentIndex(), 1);
+        QCOMPARE(program.control<QListWidget>("lstBooks")->currentItem()->text(), QStringLiteral("John"));
+        QCOMPARE(program.control<QListWidget>("lstChapters")->currentItem()->text(), QStringLiteral("3"));
 
         // An unknown book: empty view, the lists stay, the title keeps the last passage.
-        main->txtReference->setText(QStringLiteral("Hezekiah 4:1"));
-        QTest::keyClick(main->txtReference, Qt::Key_Return);
-        QVERIFY(main->rtfPassage->Text().isEmpty());
-        QCOMPARE(main->lbltitle->text(), QStringLiteral("JOHN 3:16"));
-        QCOMPARE(main->lstBooks->currentItem()->text(), QStringLiteral("John"));
+        program.control<QLineEdit>("txtReference")->setText(QStringLiteral("Hezekiah 4:1"));
+        QTest::keyClick(program.control<QLineEdit>("txtReference"), Qt::Key_Return);
+        QVERIFY(program.control<platform::RichTextBox>("rtfPassage")->Text().isEmpty());
+        QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("JOHN 3:16"));
+        QCOMPARE(program.control<QListWidget>("lstBooks")->currentItem()->text(), QStringLiteral("John"));
 
         // Features whose data files are missing are not offered.
-        QVERIFY(!main->mnuReferencesStrong->isEnabled());
-        QVERIFY(!main->mnuReferencesDictionary->isVisible());
+        QVERIFY(!program.control<QAction>("mnuReferencesStrong")->isEnabled());
+        QVERIFY(!program.control<QAction>("mnuReferencesDictionary")->isVisible());
         writeFile(m_dir.path() + QStringLiteral("/Strong/HEBREW.dat"), "H1|a|b|c\r\n");
         writeFile(m_dir.path() + QStringLiteral("/dictionary.dat"), "header\r\n");
 
         // Another translation from the menu opens at the same book and chapter.
         QAction *small = nullptr;
-        for (QAction *entry : main->mnuTranslations->actions())
+        for (QAction *entry : program.control<QMenu>("mnuTranslations")->actions())
             if (entry->text() == QStringLiteral("Small Version"))
                 small = entry;
         QVERIFY(small);
         QVERIFY(!small->isChecked());
         main->cmdGet_Click();
-        QCOMPARE(main->lbltitle->text(), QStringLiteral("JOHN 3:16"));
-        main->txtReference->setText(QStringLiteral("Mark 1"));
+        QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("JOHN 3:16"));
+        program.control<QLineEdit>("txtReference")->setText(QStringLiteral("Mark 1"));
         main->cmdGet_Click();
         small->trigger();
         QCOMPARE(main->windowTitle(), QStringLiteral("Small Version - Quillstone Bible 1.0.0"));
-        QCOMPARE(main->lstBooks->currentItem()->text(), QStringLiteral("Mark"));
-        QCOMPARE(main->lbltitle->text(), QStringLiteral("MARK 1"));
-        QVERIFY(main->mnuReferencesStrong->isEnabled());
-        QVERIFY(main->mnuRightclickStrongLexicon->isEnabled());
-        QVERIFY(main->mnuReferencesDictionary->isVisible());
+        QCOMPARE(program.control<QListWidget>("lstBooks")->currentItem()->text(), QStringLiteral("Mark"));
+        QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("MARK 1"));
+        QVERIFY(program.control<QAction>("mnuReferencesStrong")->isEnabled());
+        QVERIFY(program.control<QAction>("mnuRightclickStrongLexicon")->isEnabled());
+        QVERIFY(program.control<QAction>("mnuReferencesDictionary")->isVisible());
         QFile::remove(m_dir.path() + QStringLiteral("/Strong/HEBREW.dat"));
         QFile::remove(m_dir.path() + QStringLiteral("/dictionary.dat"));
-        delete main;
     }
 
     void updateList()
     {
         writeIni("[load]\r\nautoload=0\r\n");
         platform::MsgBoxAnswerer answers;
-        auto chooser = start(QStringLiteral("TEST"));
-        frmMain *main = chooser->MainWindow();
-        main->cmbTestaments->setCurrentIndex(1);
+        ProgramHarness program(m_dir.path());
+        program.start(QStringLiteral("TEST"));
+        frmMain *main = program.main();
+        program.control<QComboBox>("cmbTestaments")->setCurrentIndex(1);
         main->cmbTestaments_Click();
 
         // Without "Update Books List" the lists stay where they are.
-        main->chkUpdateList->setChecked(false);
-        main->txtReference->setText(QStringLiteral("Gen 2:1"));
+        program.control<QCheckBox>("chkUpdateList")->setChecked(false);
+        program.control<QLineEdit>("txtReference")->setText(QStringLiteral("Gen 2:1"));
         main->cmdGet_Click();
-        QCOMPARE(main->lbltitle->text(), QStringLiteral("GENESIS 2:1"));
-        QCOMPARE(main->cmbTestaments->currentIndex(), 1);
-        delete main;
+        QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("GENESIS 2:1"));
+        QCOMPARE(program.control<QComboBox>("cmbTestaments")->currentIndex(), 1);
     }
 
     void quickSearch()
     {
         writeIni("[load]\r\nautoload=0\r\n");
         platform::MsgBoxAnswerer answers;
-        auto chooser = start(QStringLiteral("SMALL"));
-        frmMain *main = chooser->MainWindow();
-        QLabel *title = main->lbltitle;
+        ProgramHarness program(m_dir.path());
+        program.start(QStringLiteral("SMALL"));
+        frmMain *main = program.main();
+        QLabel *title = program.control<QLabel>("lbltitle");
 
         // Genesis and Mark hold one chapter of two verses each: four lines hold "text".
         ProgramSettings::instance().searchLimit = 100;
         main->QuickSearch(QStringLiteral(" text "));
         QCOMPARE(title->text(), QStringLiteral("Search results for \" text \" (4 matches)"));
-        QVERIFY(main->rtfPassage->Text().startsWith(QStringLiteral("Genesis :1 Text of Genesis 1:1\r\n\r\n")));
-        QCOMPARE(main->rtfPassage->SelStart(), 0);
+        QVERIFY(program.control<platform::RichTextBox>("rtfPassage")->Text().startsWith(QStringLiteral("Genesis :1 Text of Genesis 1:1\r\n\r\n")));
+        QCOMPARE(program.control<platform::RichTextBox>("rtfPassage")->SelStart(), 0);
         QCOMPARE(answers.count(), 0);
 
         ProgramSettings::instance().searchLimit = 4;
@@ -228,15 +231,14 @@ private slots:
         QCOMPARE(title->text(), QStringLiteral("First 3 results."));
         QCOMPARE(answers.prompts(), QStringList{QStringLiteral(
             "There were over a 3 results for your search,\r\nplease narrow it down or use the advanced search feature!")});
-        QCOMPARE(main->rtfPassage->Text().count(QStringLiteral("Text of")), 4);
-        QVERIFY(!main->picProgress->isVisible());
+        QCOMPARE(program.control<platform::RichTextBox>("rtfPassage")->Text().count(QStringLiteral("Text of")), 4);
+        QVERIFY(!program.control<QProgressBar>("picProgress")->isVisible());
 
         // Whole words: "TEXTS" is not "TEXT".
         ProgramSettings::instance().searchLimit = 100;
-        main->chkWordSearch->setChecked(true);
+        program.control<QCheckBox>("chkWordSearch")->setChecked(true);
         main->QuickSearch(QStringLiteral("tex"));
         QCOMPARE(title->text(), QStringLiteral("Search results for \"tex\" (0 matches)"));
-        delete main;
     }
 };
 

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+
+class clsBible;
+
+// What a reference window may ask of the main window. The reference windows live beside the main
+// window, not inside it, so they talk to it through this and never through its form.
+class MainWindowLink
+{
+public:
+    virtual ~MainWindowLink() = default;
+
+    // Puts the reference (or list of references) into the reference box and fetches it, as
+    // "Get it" does.
+    virtual void GoToReference(const QString &reference) = 0;
+    // Shows a passage that the caller has already formatted, under a title.
+    virtual void ShowPassage(const QString &rtf, const QString &title) = 0;
+    // The store of the open translation.
+    virtual clsBible &Bible() = 0;
+};

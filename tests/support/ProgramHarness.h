@@ -1,0 +1,86 @@
+#pragma once
+
+// Opens the program on a test's program folder the way main() does, and owns what it opened: the
+// start-up window and the main window are closed and deleted when the harness goes out of scope,
+// even when a check failed half-way, and the next test starts from nothing.
+#include "TranslationFixture.h"
+#include "app/frmLoadVersion.h"
+#include "app/frmMain.h"
+#include "platform/MsgBoxAnswerer.h"
+#include "settings/ProgramSettings.h"
+
+#include <QPointer>
+#include <QString>
+#include <QTest>
+#include <memory>
+
+namespace support {
+
+class ProgramHarness
+{
+public:
+    explicit ProgramHarness(const QString &programFolder) : m_folder(programFolder)
+    {
+        ProgramSettings::instance().setProgramFolder(programFolder);
+    }
+
+    ~ProgramHarness()
+    {
+        // Whatever the test left on screen goes without asking anyone.
+        platform::MsgBoxAnswerer quiet;
+        if (m_main) {
+            m_main->close();
+            delete m_main;
+        }
+        m_chooser.reset();
+        ProgramSettings::instance().rememberWindows = false;
+    }
+
+    ProgramHarness(const ProgramHarness &) = delete;
+    ProgramHarness &operator=(const ProgramHarness &) = delete;
+
+    QString folder() const { return m_folder; }
+    QString file(const QString &name) const { return m_folder + u'/' + name; }
+
+    // Runs start-up with the given command line; false when the program would not start.
+    bool start(const QString &commandLine = QString())
+    {
+        m_chooser = std::make_unique<frmLoadVersion>(commandLine);
+        const bool started = m_chooser->Form_Load();
+        m_main = m_chooser->MainWindow();
+        return started;
+    }
+
+    frmLoadVersion *chooser() const { return m_chooser.get(); }
+    frmMain *main() const { return m_main; }
+    bool opened() const { return m_chooser && m_chooser->Opened(); }
+
+    // A control of the main window (or of the start-up window) by its object name; a test that
+    // asks for a control that is not there stops at once with its name.
+    template<typename T>
+    T *control(const char *name) const
+    {
+        T *found = m_main ? m_main->findChild<T *>(QLatin1String(name)) : nullptr;
+        if (!found && m_chooser)
+            found = m_chooser->findChild<T *>(QLatin1String(name));
+        if (!found)
+            qFatal("no control named %s", name);
+        return found;
+    }
+
+    // Closes the main window as the user would; the harness forgets it.
+    void closeMain()
+    {
+        if (m_main) {
+            m_main->close();
+            delete m_main;
+        }
+    }
+
+private:
+    QString m_folder;
+    std::unique_ptr<frmLoadVersion> m_chooser;
+    QPointer<frmMain> m_main;
+};
+
+} // namespace support

@@ -1,0 +1,227 @@
+#include "scripture/ChapterSection.h"
+
+#include "platform/FileSystem.h"
+#include "platform/TextCodec.h"
+#include "scripture/BookFiles.h"
+#include "scripture/ChapterMarker.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QList>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <system_error>
+
+#ifdef Q_OS_WIN
+#include <io.h>
+#else
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
+namespace ChapterSection {
+
+namespace {
+
+// Where a line's bytes begin and where they end, line break included.
+struct Span
+{
+    qsizetype begin = 0;
+    qsizetype end = 0;
+};
+
+// The lines of a file's bytes, split where platform::SplitLines splits the decoded text. CR and LF
+// are single bytes that stand for nothing else in UTF-8 or Windows-1252, so line i of the bytes is
+// line i of the text the store reads.
+QList<Span> lineSpans(const QByteArray &bytes, qsizetype from)
+{
+    QList<Span> spans;
+    const qsizetype n = bytes.size();
+    qsizetype start = from;
+    for (qsizetype i = from; i < n; ++i) {
+        const char c = bytes.at(i);
+        if (c == '\r' || c == '\n') {
+            if (c == '\r' && i + 1 < n && bytes.at(i + 1) == '\n')
+                ++i;
+            spans.append({start, i + 1});
+            start = i + 1;
+        }
+    }
+    if (start < n)
+        spans.append({start, n});
+    return spans;
+}
+
+bool endsWithLineBreak(const QByteArray &bytes)
+{
+    return bytes.endsWith('\r') || bytes.endsWith('\n');
+}
+
+std::filesystem::path fsPath(const QString &path)
+{
+#ifdef Q_OS_WIN
+    return std::filesystem::path(path.toStdWString());
+#else
+    return std::filesystem::path(QFile::encodeName(path).toStdString());
+#endif
+}
+
+// The new content of a book file: the old bytes with one chapter's lines replaced by `section`.
+QByteArray spliced(const QByteArray &old, int chapter, const QString &section)
+{
+    const platform::DecodedText decoded = platform::DecodeText(old);
+    const QStringList lines = platform::SplitLines(decoded.text);
+    // Decoding drops a UTF-8 byte order mark; the first line starts after it, so a marker put in
+    // front of the first line does not push the mark into the middle of the file.
+    const bool bom =
+        decoded.encoding == platform::TextEncoding::Utf8 && old.startsWith("\xEF\xBB\xBF");
+    const QList<Span> spans = lineSpans(old, bom ? 3 : 0);
+    const qsizetype n = std::min(lines.size(), spans.size());
+    const bool lastLineOpen = !spans.isEmpty() && !endsWithLineBreak(old);
+
+    qsizetype marker = 0;
+    while (marker < n && !ChapterMarker::IsMarkerOf(lines.at(marker), chapter))
+        ++marker;
+
+    QByteArray head;
+    qsizetype from = 0;
+    qsizetype to = 0;
+    if (marker < n) {
+        qsizetype next = marker + 1;
+        while (next < n && !ChapterMarker::IsMarker(lines.at(next)))
+            ++next;
+        from = spans.at(marker).end;
+        to = next < n ? spans.at(next).begin : old.size();
+        // A marker on the file's last line, without a line break, gets one before the text.
+        if (marker + 1 == n && lastLineOpen && !section.isEmpty())
+            head = "\r\n";
+    } else {
+        // In chapter order: before the first marker of a later chapter, else at the end.
+        qsizetype later = 0;
+        while (later < n && !(ChapterMarker::IsMarker(lines.at(later)) &&
+                              ChapterMarker::Number(lines.at(later)) > chapter))
+            ++later;
+        from = to = later < n ? spans.at(later).begin : old.size();
+        if (later == n && lastLineOpen)
+            head = "\r\n";
+        head += "CHAPTER " + QByteArray::number(chapter) + "\r\n";
+    }
+
+    QByteArray result =
+        old.left(from) + head + platform::EncodeText(section, decoded.encoding) + old.mid(to);
+    if (decoded.encoding == platform::TextEncoding::Windows1252 &&
+        (!platform::FitsWindows1252(section) ||
+         platform::DecodeText(result).encoding != platform::TextEncoding::Windows1252)) {
+        // The text cannot be written in Windows-1252, or the file would read as UTF-8 from now on
+        // and the other chapters' accented letters would change: the whole file becomes UTF-8,
+        // which keeps every character though not every byte.
+        result = (platform::DecodeWindows1252(old.left(from)) + QString::fromLatin1(head) +
+                  section + platform::DecodeWindows1252(old.mid(to)))
+                     .toUtf8();
+    }
+    return result;
+}
+
+QString systemError()
+{
+    return QString::fromLocal8Bit(std::strerror(errno));
+}
+
+// Writes the bytes to the temporary file, makes sure they are on the disk, and renames the file
+// over the book file, which is never deleted first: at every moment the book file is whole.
+QString replaceFile(const QString &path, const QString &temporary, const QByteArray &bytes)
+{
+    QFile out(temporary);
+    if (!out.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        return out.errorString();
+    QString reason;
+    if (out.write(bytes) != bytes.size() || !out.flush())
+        reason = out.errorString();
+#ifdef Q_OS_WIN
+    else if (::_commit(out.handle()) != 0)
+#else
+    else if (::fsync(out.handle()) != 0)
+#endif
+        reason = systemError();
+    out.close();
+    if (reason.isEmpty() && QFileInfo::exists(path))
+        QFile::setPermissions(temporary, QFile::permissions(path));
+
+    std::error_code error;
+    if (reason.isEmpty())
+        std::filesystem::rename(fsPath(temporary), fsPath(path), error);
+    if (!reason.isEmpty() || error) {
+        QFile::remove(temporary);
+        return reason.isEmpty() ? QString::fromStdString(error.message()) : reason;
+    }
+#ifndef Q_OS_WIN
+    // The rename itself reaches the disk once the folder is synchronised.
+    const int folder = ::open(QFile::encodeName(QFileInfo(path).absolutePath()).constData(),
+                              O_RDONLY | O_DIRECTORY);
+    if (folder >= 0) {
+        ::fsync(folder);
+        ::close(folder);
+    }
+#endif
+    return QString();
+}
+
+} // namespace
+
+QString Read(const QString &pathWithoutDat, int chapter)
+{
+    const std::shared_ptr<const BookFiles::Content> file =
+        BookFiles::lines(pathWithoutDat + QStringLiteral(".dat"));
+    if (!file)
+        return QString();
+    QString text;
+    bool inside = false;
+    for (const QString &line : file->lines) {
+        if (!inside) {
+            inside = ChapterMarker::IsMarkerOf(line, chapter);
+            continue;
+        }
+        if (ChapterMarker::IsMarker(line))
+            break;
+        text += line;
+        text += QStringLiteral("\r\n");
+    }
+    return text;
+}
+
+QString Rewrite(const QString &pathWithoutDat, int chapter, const QString &text)
+{
+    if (!platform::IsUsablePath(pathWithoutDat))
+        return QStringLiteral("The file name is not valid.");
+    const QString path = platform::ResolvePath(pathWithoutDat + QStringLiteral(".dat"));
+    const QString temporary = platform::ResolvePath(pathWithoutDat + QStringLiteral(".temp"));
+
+    QByteArray old;
+    const QFileInfo info(path);
+    if (info.exists()) {
+        QFile in(path);
+        if (!info.isFile())
+            return QStringLiteral("There is a folder where the book file should be.");
+        if (!in.open(QIODevice::ReadOnly))
+            return in.errorString();
+        old = in.readAll();
+        if (in.error() != QFileDevice::NoError)
+            return in.errorString();
+    } else if (!QDir().mkpath(info.absolutePath())) {
+        return QStringLiteral("The folder %1 could not be created.")
+            .arg(QDir::toNativeSeparators(info.absolutePath()));
+    }
+
+    QString section;
+    for (const QString &line : platform::SplitLines(text)) {
+        section += line;
+        section += QStringLiteral("\r\n");
+    }
+    const QString reason = replaceFile(path, temporary, spliced(old, chapter, section));
+    BookFiles::forget(path);
+    return reason;
+}
+
+} // namespace ChapterSection

@@ -87,6 +87,43 @@ private slots:
         QCOMPARE(r.out, QByteArray("Search results for \"lov\" (0 matches)\n"));
     }
 
+    void notesAndCommentary()
+    {
+        makeTranslation(m_dir.path(), QStringLiteral("tvc"),
+                        {{QStringLiteral("Genesis"), false, {"CHAPTER 1", "On Genesis 1", "CHAPTER 2", "On Genesis 2"}},
+                         {QStringLiteral("John"), true, {"CHAPTER 1", "On John 1"}}});
+        const QString plain = m_dir.path() + QStringLiteral("/plain.txt");
+        const QString rich = m_dir.path() + QStringLiteral("/rich.rtf");
+        writeFile(plain, "Notes\r\nCHAPTER 2 {caf\xc3\xa9}\r\n");
+        writeFile(rich, "{\\rtf1 On love}");
+        const QStringList aaa = {QStringLiteral("--translation"), QStringLiteral("AAA")};
+        const auto notes = [&](const QStringList &args) { return cli(aaa + QStringList{QStringLiteral("notes")} + args); };
+
+        Run r = notes({QStringLiteral("--set"), plain, QStringLiteral("Gen 2:5")});
+        QCOMPARE(r.status, 0);
+        QCOMPARE(r.out + r.err, QByteArray());
+        QCOMPARE(notes({QStringLiteral("--set"), rich, QStringLiteral("John 1")}).status, 0);
+        // Plain text becomes rich text, and its marker-like line is kept from reading as a marker.
+        QCOMPARE(notes({QStringLiteral("Genesis 2")}).out,
+                 QByteArray("{\\rtf1\\ansi\\uc1 Notes\\par\r\n{}CHAPTER 2 \\{caf\\u233?\\}}\r\n"));
+        QCOMPARE(notes({QStringLiteral("jn 1:1")}).out, QByteArray("{\\rtf1 On love}\r\n"));
+        r = notes({QStringLiteral("Genesis 1")});
+        QCOMPARE(r.status, 0);
+        QCOMPARE(r.out, QByteArray());
+
+        QCOMPARE(notes({QStringLiteral("Nahum 1")}).status, 2);
+        r = notes({QStringLiteral("--set"), m_dir.path() + QStringLiteral("/none.txt"), QStringLiteral("Gen 1")});
+        QCOMPARE(r.status, 66);
+        QVERIFY2(r.err.contains("does not exist"), r.err.constData());
+        r = notes({QStringLiteral("--set"), plain, QStringLiteral("Gen x")});
+        QCOMPARE(r.status, 1);
+        QVERIFY(!r.err.isEmpty());
+
+        r = cli(aaa + QStringList{QStringLiteral("commentary"), QStringLiteral("John 1:2")});
+        QCOMPARE(r.status, 0);
+        QCOMPARE(r.out, QByteArray("Tovelian's Commentary \r\nOn John 1\r\n"));
+    }
+
     void checking()
     {
         Run r = cli({QStringLiteral("check"), QStringLiteral("AAA")});

@@ -2,6 +2,9 @@
 // new translations. Built on the UI-free libraries only.
 #include "platform/FileSystem.h"
 #include "platform/MsgBox.h"
+#include "platform/TextCodec.h"
+#include "scripture/CommentaryStore.h"
+#include "scripture/NotesStore.h"
 #include "scripture/PassageFormatter.h"
 #include "scripture/QuickSearch.h"
 #include "scripture/TranslationCheck.h"
@@ -44,6 +47,9 @@ int usage()
         "  books                             number, name and chapter count of every book\n"
         "  search [--word] [--limit N] QUERY the quick keyword search over the translation\n"
         "  check FOLDER                      check a translation folder for problems\n"
+        "  notes REFERENCE                   the notes kept for the reference's chapter (rich text)\n"
+        "  notes --set FILE REFERENCE        keep FILE (rich or plain text) as that chapter's notes\n"
+        "  commentary REFERENCE              the commentary on the reference's chapter\n"
         "PROGRAM_FOLDER defaults to $QUILLSTONE_DIR, else the folder of this program."));
     return Usage;
 }
@@ -125,6 +131,54 @@ int checkCommand(const QString &folder, const QString &target)
     return problems.isEmpty() ? Ok : Problems;
 }
 
+int bookNotFound(const QString &reference)
+{
+    err(QStringLiteral("No book of this translation matches \"%1\".").arg(reference));
+    return BookNotFound;
+}
+
+// The notes of the chapter a reference names, printed or replaced by a file's content; the file
+// may hold rich text or plain text, which is stored as rich text.
+int notesCommand(clsBible &bible, const QString &folder, QStringList args)
+{
+    QString file;
+    if (args.size() == 3 && args.first() == u"--set") {
+        args.removeFirst();
+        file = args.takeFirst();
+    }
+    if (args.size() != 1)
+        return usage();
+    std::optional<QByteArray> bytes;
+    if (!file.isEmpty()) {
+        bytes = platform::ReadFileBytes(file);
+        if (!bytes) {
+            err(QStringLiteral("The notes file \"%1\" %2.")
+                    .arg(file, platform::FileExists(file) ? QStringLiteral("cannot be read") : QStringLiteral("does not exist")));
+            return NoInput;
+        }
+    }
+    bible.Passagebystandard(args.first());
+    if (bible.Testament() == clsBible::NotFound)
+        return bookNotFound(args.first());
+    const NotesStore notes(folder);
+    if (!bytes) {
+        out(notes.Read(bible.Testament(), bible.CurrentBook(), bible.CurrentChapter()));
+        return Ok;
+    }
+    QString markup = platform::DecodeText(*bytes).text;
+    if (!markup.startsWith(QStringLiteral("{\\rtf")))
+        markup = NotesStore::RtfFromPlainText(markup);
+    const QString reason = notes.Write(bible.Testament(), bible.CurrentBook(), bible.CurrentChapter(), markup);
+    if (!reason.isEmpty()) {
+        const QString path = notes.BookPath(bible.Testament(), bible.CurrentBook());
+        err(path.isEmpty() ? reason
+                           : QStringLiteral("The notes could not be saved to %1.dat: %2")
+                                 .arg(QDir::toNativeSeparators(path), reason));
+        return Problems;
+    }
+    return Ok;
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -177,6 +231,18 @@ int main(int argc, char **argv)
     }
     if (command == u"search")
         return searchCommand(bible, folder, args);
+    if (command == u"notes")
+        return notesCommand(bible, folder, args);
+    if (command == u"commentary") {
+        if (args.size() != 1)
+            return usage();
+        bible.Passagebystandard(args.first());
+        if (bible.Testament() == clsBible::NotFound)
+            return bookNotFound(args.first());
+        CommentaryStore commentary(folder);
+        out(commentary.ViewText(bible));
+        return Ok;
+    }
 
     if (command != u"passage" && command != u"standard" && command != u"rtf")
         return usage();
@@ -189,9 +255,7 @@ int main(int argc, char **argv)
         out(bible.Standard() + u'\n');
     else
         out(PassageFormatter::ToRichText(text, true));
-    if (bible.Testament() == clsBible::NotFound) {
-        err(QStringLiteral("No book of this translation matches \"%1\".").arg(args.first()));
-        return BookNotFound;
-    }
+    if (bible.Testament() == clsBible::NotFound)
+        return bookNotFound(args.first());
     return Ok;
 }

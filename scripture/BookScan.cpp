@@ -96,8 +96,10 @@ void BookScan::run(const clsBible &store)
         qsizetype i = 1;
         while (i < count) {
             qsizetype at = i++;
-            if (ChapterMarker::IsMarker(lines.at(at))) {
-                chapter = QString::number(ChapterMarker::Number(lines.at(at)));
+            // The upper-cased copy is the one the searches read anyway; testing the other copy
+            // would bring every line into the cache twice. Upper case makes no marker of a line.
+            if (ChapterMarker::IsMarker(upper.at(at))) {
+                chapter = QString::number(ChapterMarker::Number(upper.at(at)));
                 // The line after a marker is read at once, without looking for the end of file.
                 if (i >= count)
                     throw VbError::inputPastEnd();

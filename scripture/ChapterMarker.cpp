@@ -2,6 +2,8 @@
 
 #include "scripture/basStrings.h"
 
+#include <charconv>
+
 namespace ChapterMarker {
 
 namespace {
@@ -35,10 +37,19 @@ bool IsMarker(QStringView line)
 bool IsMarkerOf(QStringView line, int chapter)
 {
     const QStringView t = basStrings::TrimBlanks(line);
-    // Most lines fail the first test, before any number is written out.
+    // Most lines fail the first test; the number is written out without allocating, as this runs
+    // for every line of a book up to the chapter asked for.
     if (t.size() < 9 || t[7] != u' ' || !startsWithChapter(t))
         return false;
-    return t.mid(8) == QString::number(chapter);
+    char digits[16];
+    const qsizetype count = std::to_chars(digits, digits + sizeof digits, chapter).ptr - digits;
+    if (t.size() != 8 + count)
+        return false;
+    for (qsizetype i = 0; i < count; ++i) {
+        if (t[8 + i] != QLatin1Char(digits[i]))
+            return false;
+    }
+    return true;
 }
 
 int Number(QStringView line)

@@ -4,7 +4,10 @@
 #include "platform/MsgBox.h"
 #include "platform/RichTextBox.h"
 #include "platform/Twips.h"
+#include "platform/WinColor.h"
+#include "platform/clsCommonColorDialog.h"
 #include "platform/frmAbout.h"
+#include "scripture/NotesStore.h"
 #include "scripture/PassageFormatter.h"
 #include "scripture/QuickSearch.h"
 #include "scripture/TranslationList.h"
@@ -20,8 +23,10 @@
 #include <QClipboard>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QDir>
 #include <QFrame>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
@@ -33,6 +38,7 @@
 #include <QSplitter>
 #include <QSignalBlocker>
 #include <QTabWidget>
+#include <QToolButton>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -61,6 +67,13 @@ constexpr int kMinWidthTwips = 3000;
 constexpr int kMinHeightTwips = 4080;
 // The narrowest a list or the tab strip may be made with a splitter.
 constexpr int kSplitterClampTwips = 250;
+
+const QString kNotesCaption = QStringLiteral("Notes");
+// The wording users know, comma splice and all.
+const QString kUnsavedNotesPrompt = QStringLiteral(
+    "You have not saved your notes changes, If you switch tabs now, you will lose any changes you have saved\r\n"
+    "Would you like to save your changes so far?");
+const QString kCommentaryCaption = QStringLiteral("TVC");
 
 } // namespace
 
@@ -124,6 +137,13 @@ void frmMain::buildControls()
     rtfPassage->setObjectName(QStringLiteral("rtfPassage"));
     rtfPassage->setLocked(true);
     SSTab1->addTab(rtfPassage, QStringLiteral("Passage"));
+    SSTab1->addTab(buildNotesTab(), kNotesCaption);
+    rtfTVC = new platform::RichTextBox(SSTab1);
+    rtfTVC->setObjectName(QStringLiteral("rtfTVC"));
+    rtfTVC->setLocked(true);
+    SSTab1->addTab(rtfTVC, kCommentaryCaption);
+    SSTab1->setTabToolTip(1, QStringLiteral("Your own notes on the chapter"));
+    SSTab1->setTabToolTip(2, QStringLiteral("Commentary on the chapter"));
     for (QWidget *w : {static_cast<QWidget *>(lstBooks), static_cast<QWidget *>(lstChapters),
                        static_cast<QWidget *>(SSTab1)})
         w->setMinimumWidth(pixelsX(this, kSplitterClampTwips));
@@ -202,8 +222,69 @@ void frmMain::buildControls()
     connect(txtQuery, &QLineEdit::returnPressed, this, &frmMain::cmdSearch_Click);
     connect(cmdCopy, &QPushButton::clicked, this, &frmMain::mnuEditCopyPassage_Click);
     connect(splitter, &QSplitter::splitterMoved, this, &frmMain::placeHeader);
+    connect(SSTab1, &QTabWidget::currentChanged, this, [this](int index) {
+        const int previous = m_shownTab;
+        m_shownTab = index;
+        SSTab1_Click(previous);
+    });
     txtReference->installEventFilter(this);
     txtQuery->installEventFilter(this);
+}
+
+QWidget *frmMain::buildNotesTab()
+{
+    auto *page = new QWidget(SSTab1);
+    auto *layout = new QVBoxLayout(page);
+    // The views sit 30 twips inside the tab on every side.
+    const int inset = pixelsX(this, 30);
+    layout->setContentsMargins(inset, inset, inset, inset);
+    layout->setSpacing(2);
+
+    frmNotesCommands = new QFrame(page);
+    frmNotesCommands->setObjectName(QStringLiteral("frmNotesCommands"));
+    auto *commands = new QHBoxLayout(frmNotesCommands);
+    commands->setContentsMargins(0, 0, 0, 0);
+    commands->setSpacing(2);
+    const auto addButton = [&](const char *name, const QString &caption, const QString &tip,
+                               void (frmMain::*handler)(), const std::function<void(QFont &)> &look) {
+        auto *button = new QToolButton(frmNotesCommands);
+        button->setObjectName(QLatin1String(name));
+        button->setText(caption);
+        button->setToolTip(tip);
+        QFont font = button->font();
+        look(font);
+        button->setFont(font);
+        button->setMinimumWidth(28);
+        // The button acts on the notes' selection, so it must not take the focus from them.
+        button->setFocusPolicy(Qt::NoFocus);
+        connect(button, &QToolButton::clicked, this, handler);
+        commands->addWidget(button);
+    };
+    addButton("cmdBold", QStringLiteral("B"), QStringLiteral("Bold"), &frmMain::cmdBold_Click,
+              [](QFont &f) { f.setBold(true); });
+    addButton("cmdItalic", QStringLiteral("I"), QStringLiteral("Italic"), &frmMain::cmdItalic_Click,
+              [](QFont &f) { f.setItalic(true); });
+    addButton("cmdUnderline", QStringLiteral("U"), QStringLiteral("Underline"), &frmMain::cmdUnderline_Click,
+              [](QFont &f) { f.setUnderline(true); });
+    addButton("cmdStrikeThru", QStringLiteral("S"), QStringLiteral("Strike Through"),
+              &frmMain::cmdStrikeThru_Click, [](QFont &f) { f.setStrikeOut(true); });
+    addButton("cmdColor", QStringLiteral("A"), QStringLiteral("Change Color"), &frmMain::cmdColor_Click,
+              [](QFont &) {});
+    commands->addStretch(1);
+    cmdSaveNotes = new QPushButton(QStringLiteral("&Save Notes"), frmNotesCommands);
+    cmdSaveNotes->setObjectName(QStringLiteral("cmdSaveNotes"));
+    cmdSaveNotes->setToolTip(QStringLiteral("Save the notes of this chapter"));
+    connect(cmdSaveNotes, &QPushButton::clicked, this, &frmMain::cmdSaveNotes_Click);
+    commands->addWidget(cmdSaveNotes);
+
+    rtfNotes = new platform::RichTextBox(page);
+    rtfNotes->setObjectName(QStringLiteral("rtfNotes"));
+    rtfNotes->setAcceptRichText(true);
+    connect(rtfNotes, &QTextEdit::textChanged, this, [this] { m_notesSaved = false; });
+
+    layout->addWidget(frmNotesCommands);
+    layout->addWidget(rtfNotes, 1);
+    return page;
 }
 
 void frmMain::buildMenus()
@@ -267,6 +348,7 @@ void frmMain::checkDataFiles()
     // Each optional data file decides whether its feature is offered.
     using DataFiles::File;
     m_hasCommentary = DataFiles::Exists(File::Commentary);
+    SSTab1->setTabVisible(2, m_hasCommentary);
     const bool strong = DataFiles::Exists(File::StrongHebrew);
     mnuReferencesStrong->setEnabled(strong);
     mnuRightclickStrongLexicon->setEnabled(strong);
@@ -283,6 +365,8 @@ void frmMain::LoadTranslation(const QString &folder)
     // Keep the reader's place when another translation is opened over this one: the same book by
     // name, else by number when both translations have the same books.
     const bool reopening = !m_translationFolder.isEmpty();
+    if (reopening && !askToKeepNotes())
+        return;
     const int oldBook = m_bible.Testament() == clsBible::NotFound ? 0 : m_bible.BookNumber();
     const int oldCount = m_bible.BooksCount();
     const QString oldName = oldBook > 0 ? m_bible.BookName(oldBook) : QString();
@@ -335,6 +419,13 @@ void frmMain::InitiateSession()
     ApplyStyle(lstChapters, settings.display.navigation);
     ApplyStyle(lbltitle, settings.display.title);
     ApplyRichTextStyle(rtfPassage, settings.display.passage);
+    ApplyRichTextStyle(rtfTVC, settings.display.passage);
+    {
+        // A new look is not an edit of the notes.
+        const bool saved = m_notesSaved;
+        ApplyRichTextStyle(rtfNotes, settings.display.passage);
+        m_notesSaved = saved;
+    }
     m_header->setFixedHeight(std::max(cmbTestaments->sizeHint().height(), lbltitle->sizeHint().height()));
     placeHeader();
 
@@ -375,12 +466,13 @@ void frmMain::lstChapters_Click()
 {
     const QListWidgetItem *book = lstBooks->currentItem();
     const QListWidgetItem *chapter = lstChapters->currentItem();
-    if (!book || !chapter)
+    if (!book || !chapter || !askToKeepNotes())
         return;
     const QString text = m_bible.passage(book->text(), chapter->text().toInt(), 0, 0, 0);
     rtfPassage->setTextRTF(PassageFormatter::ToRichText(text, true));
     rtfPassage->setSelStart(0);
     lbltitle->setText(m_bible.Standard());
+    refreshStudyTab();
 }
 
 void frmMain::ShowPassage(const QString &rtf, const QString &title)
@@ -400,10 +492,13 @@ void frmMain::GoToReference(const QString &reference)
 
 void frmMain::cmdGet_Click()
 {
+    if (!askToKeepNotes())
+        return;
     const QString text = m_bible.Passagebystandard(txtReference->text());
     rtfPassage->setTextRTF(PassageFormatter::ToRichText(text, true));
     rtfPassage->setSelStart(0);
     lbltitle->setText(m_bible.Standard());
+    refreshStudyTab();
 
     // An unknown book leaves an empty view, and the lists stay where they were.
     const int testament = m_bible.Testament();
@@ -549,6 +644,10 @@ void frmMain::resizeEvent(QResizeEvent *event)
 
 void frmMain::closeEvent(QCloseEvent *event)
 {
+    if (!askToKeepNotes()) {
+        event->ignore();
+        return;
+    }
     SaveSession();
     event->accept();
 }
@@ -561,4 +660,157 @@ bool frmMain::eventFilter(QObject *watched, QEvent *event)
             QTimer::singleShot(0, edit, &QLineEdit::selectAll);
     }
     return QMainWindow::eventFilter(watched, event);
+}
+
+QString frmMain::tabCaption(int index) const
+{
+    return index >= 0 && index < SSTab1->count() ? SSTab1->tabText(index) : QString();
+}
+
+void frmMain::SSTab1_Click(int previousTab)
+{
+    // 1. Leaving a tab: its title goes back, and unsaved notes are saved if the user wants them.
+    const QString left = tabCaption(previousTab);
+    if (left == kNotesCaption) {
+        lbltitle->setText(m_savedTitle);
+        if (!m_notesSaved &&
+            platform::MsgBox(kUnsavedNotesPrompt, vb::vbYesNo | vb::vbExclamation) == vb::vbYes) {
+            cmdSaveNotes_Click();
+            if (!m_notesSaved) {
+                // The notes could not be written: back to them, as they are, so nothing is lost.
+                m_keepUnsavedNotes = true;
+                QTimer::singleShot(0, this, [this, previousTab] { SSTab1->setCurrentIndex(previousTab); });
+            }
+        }
+    } else if (left == kCommentaryCaption) {
+        lbltitle->setText(m_savedTitle);
+    }
+
+    // 2. Entering a tab.
+    const QString entered = tabCaption(SSTab1->currentIndex());
+    if (entered == kCommentaryCaption)
+        enterCommentary(true);
+    else if (entered == kNotesCaption)
+        enterNotes(true);
+    else
+        rtfPassage->setFocus();
+}
+
+void frmMain::enterCommentary(bool focus)
+{
+    // The tab strip repaints before the commentary's book file is read.
+    if (!m_commentary)
+        m_commentary = std::make_unique<CommentaryStore>(ProgramSettings::instance().programFolder());
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    if (m_commentary->Changed(m_bible))
+        rtfTVC->setText(m_commentary->ViewText(m_bible));
+    m_savedTitle = lbltitle->text();
+    lbltitle->setText(QStringLiteral("Commentary For: ") + m_commentary->Standard());
+    if (focus)
+        rtfTVC->setFocus();
+}
+
+void frmMain::enterNotes(bool focus)
+{
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    if (m_keepUnsavedNotes) {
+        m_keepUnsavedNotes = false;
+    } else {
+        const NotesStore notes(ProgramSettings::instance().programFolder());
+        rtfNotes->setTextRTF(notes.Read(currentTestament(), m_bible.CurrentBook(), m_bible.CurrentChapter()));
+        m_notesSaved = true;
+    }
+    m_savedTitle = lbltitle->text();
+    lbltitle->setText(QStringLiteral("Notes For: ") + m_bible.CurrentBook() + u' ' +
+                      QString::number(m_bible.CurrentChapter()));
+    if (focus)
+        rtfNotes->setFocus();
+    frmNotesCommands->raise();
+}
+
+int frmMain::currentTestament() const
+{
+    const int book = m_bible.BookByName(m_bible.CurrentBook());
+    return book > 0 ? m_bible.TestamentOfBook(book) : (m_bible.Testament() == 1 ? 1 : 0);
+}
+
+void frmMain::cmdSaveNotes_Click()
+{
+    const QString book = m_bible.CurrentBook();
+    const int chapter = m_bible.CurrentChapter();
+    if (book.isEmpty() || chapter < 1) {
+        platform::MsgBox(QStringLiteral("There is no chapter on display to keep notes for."), vb::vbExclamation);
+        return;
+    }
+    const NotesStore notes(ProgramSettings::instance().programFolder());
+    const QString failure = notes.Write(currentTestament(), book, chapter, rtfNotes->TextRTF());
+    if (!failure.isEmpty()) {
+        platform::MsgBox(QStringLiteral("Your notes could not be saved to '") +
+                             QDir::toNativeSeparators(notes.BookPath(currentTestament(), book)) +
+                             QStringLiteral(".dat'.\r\n") + failure +
+                             QStringLiteral("\r\nThe file was left as it was, and your notes are still on screen."),
+                         vb::vbExclamation);
+        return;
+    }
+    m_notesSaved = true;
+}
+
+bool frmMain::askToKeepNotes()
+{
+    if (tabCaption(SSTab1->currentIndex()) != kNotesCaption || m_notesSaved)
+        return true;
+    if (platform::MsgBox(kUnsavedNotesPrompt, vb::vbYesNo | vb::vbExclamation) != vb::vbYes) {
+        // Dropped: the notes are read again for the chapter that comes next.
+        m_notesSaved = true;
+        return true;
+    }
+    cmdSaveNotes_Click();
+    return m_notesSaved;
+}
+
+void frmMain::refreshStudyTab()
+{
+    const QString shown = tabCaption(SSTab1->currentIndex());
+    if (shown == kNotesCaption)
+        enterNotes(false);
+    else if (shown == kCommentaryCaption)
+        enterCommentary(false);
+}
+
+void frmMain::toggleNotesFormat(bool (platform::RichTextBox::*get)() const, void (platform::RichTextBox::*set)(bool))
+{
+    // A selection that is only partly formatted reads as not formatted, and becomes formatted.
+    (rtfNotes->*set)(!(rtfNotes->*get)());
+    rtfNotes->setFocus();
+}
+
+void frmMain::cmdBold_Click()
+{
+    toggleNotesFormat(&platform::RichTextBox::SelBold, &platform::RichTextBox::setSelBold);
+}
+
+void frmMain::cmdItalic_Click()
+{
+    toggleNotesFormat(&platform::RichTextBox::SelItalic, &platform::RichTextBox::setSelItalic);
+}
+
+void frmMain::cmdUnderline_Click()
+{
+    toggleNotesFormat(&platform::RichTextBox::SelUnderline, &platform::RichTextBox::setSelUnderline);
+}
+
+void frmMain::cmdStrikeThru_Click()
+{
+    toggleNotesFormat(&platform::RichTextBox::SelStrikeThru, &platform::RichTextBox::setSelStrikeThru);
+}
+
+void frmMain::cmdColor_Click()
+{
+    // The dialog opens on the selection's colour, or on the notes' own colour when it mixes.
+    const QColor current = rtfNotes->SelColor();
+    m_noteColors.setColor(platform::QColorToWindowsColor(current.isValid() ? current : rtfNotes->palette().text().color()));
+    m_noteColors.setRGBInit(true);
+    if (m_noteColors.Show(this))
+        rtfNotes->setSelColor(platform::WindowsColorToQColor(m_noteColors.Color()));
+    rtfNotes->setFocus();
 }

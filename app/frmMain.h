@@ -1,10 +1,14 @@
 #pragma once
 
 #include "library/MainWindowLink.h"
+#include "platform/clsCommonColorDialog.h"
+#include "scripture/CommentaryStore.h"
 #include "scripture/clsBible.h"
 
 #include <QMainWindow>
 #include <QStringList>
+
+#include <memory>
 
 class QAction;
 class QCheckBox;
@@ -24,9 +28,10 @@ namespace platform {
 class RichTextBox;
 }
 
-// The main reading window: testament, book and chapter lists on the left, the passage under its
-// title on the right, and the reference and keyword boxes along
-// the bottom. It binds the controls to the Bible text store and the quick search; the logic lives in those. Controls carry the object names the program has
+// The main reading window: testament, book and chapter lists on the left, the passage, the notes
+// and the commentary under their title on the right, and the reference and keyword boxes along
+// the bottom. It binds the controls to the Bible text store, the notes and commentary stores and
+// the quick search; the logic lives in those. Controls carry the object names the program has
 // always used, so tests and other windows find them by name.
 class frmMain : public QMainWindow, public MainWindowLink
 {
@@ -74,6 +79,13 @@ public slots:
     void lstChapters_Click();
     void cmdGet_Click();
     void cmdSearch_Click();
+    void SSTab1_Click(int previousTab);
+    void cmdSaveNotes_Click();
+    void cmdBold_Click();
+    void cmdItalic_Click();
+    void cmdUnderline_Click();
+    void cmdStrikeThru_Click();
+    void cmdColor_Click();
     void mnuEditSelectAll_Click();
     void mnuEditCopy_Click();
     void mnuEditCopyPassage_Click();
@@ -88,19 +100,40 @@ protected:
 
 private:
     void buildControls();
+    QWidget *buildNotesTab();
     void buildMenus();
     void buildTranslationsMenu();
     void checkDataFiles();
     void placeHeader();
     platform::RichTextBox *targetView() const;
 
+    QString tabCaption(int index) const;
+    void enterNotes(bool focus);
+    void enterCommentary(bool focus);
+    // Before the chapter on display changes: unsaved notes are saved or dropped, as the user says.
+    // False when they were to be saved and could not be: the change must not happen.
+    bool askToKeepNotes();
+    void toggleNotesFormat(bool (platform::RichTextBox::*get)() const, void (platform::RichTextBox::*set)(bool));
+    // After it changed: a notes or commentary tab on show follows the new chapter.
+    void refreshStudyTab();
+    // The testament of the chapter on display, from its book (the store's own testament reads 5
+    // after a book that was not found).
+    int currentTestament() const;
+
     clsBible m_bible;
+    // Opened on the first visit to the commentary, which reads its book maps.
+    std::unique_ptr<CommentaryStore> m_commentary;
     QString m_translationFolder;
     QString m_namesPath;
     QString m_prophecyPath;
     QString m_unitsPath;
     bool m_hasCommentary = false;
     bool m_searching = false;
+    bool m_notesSaved = false;
+    bool m_keepUnsavedNotes = false;
+    clsCommonColorDialog m_noteColors;
+    QString m_savedTitle;
+    int m_shownTab = 0;
     WindowPlacement *m_placement = nullptr;
 
     QWidget *m_header = nullptr;
@@ -122,6 +155,10 @@ private:
     QPushButton *cmdCopy = nullptr;
     QTabWidget *SSTab1 = nullptr;
     platform::RichTextBox *rtfPassage = nullptr;
+    platform::RichTextBox *rtfNotes = nullptr;
+    platform::RichTextBox *rtfTVC = nullptr;
+    QFrame *frmNotesCommands = nullptr;
+    QPushButton *cmdSaveNotes = nullptr;
     QLabel *lbltitle = nullptr;
     QProgressBar *picProgress = nullptr;
     QSplitter *splitter = nullptr;

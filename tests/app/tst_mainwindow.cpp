@@ -158,6 +158,16 @@ private slots:
         QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("JOHN 3:16"));
         QCOMPARE(program.control<QListWidget>("lstBooks")->currentItem()->text(), QStringLiteral("John"));
 
+        // A known book with no such chapter: the title names the book, not the last one shown;
+        // "Mal 0,3" then goes on in Malachi.
+        for (const auto &[typed, title] : {std::pair{"Gen x", "GENESIS 0"}, std::pair{"Mal 0,3", "MALACHI 3"}}) {
+            program.control<QLineEdit>("txtReference")->setText(QLatin1String(typed));
+            QTest::keyClick(program.control<QLineEdit>("txtReference"), Qt::Key_Return);
+            QCOMPARE(program.control<QLabel>("lbltitle")->text(), QLatin1String(title));
+        }
+        QVERIFY(program.control<platform::RichTextBox>("rtfPassage")->Text().startsWith(QStringLiteral("MALACHI 3")));
+        main->GoToReference(QStringLiteral("John 3:16"));
+
         // Features whose data files are missing are not offered.
         QVERIFY(!program.control<QAction>("mnuReferencesStrong")->isEnabled());
         QVERIFY(!program.control<QAction>("mnuReferencesDictionary")->isVisible());

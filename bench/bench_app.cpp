@@ -5,6 +5,7 @@
 #include "app/frmMain.h"
 #include "platform/MsgBox.h"
 #include "platform/RichTextBox.h"
+#include "scripture/NotesStore.h"
 #include "scripture/PassageFormatter.h"
 #include "settings/ProgramSettings.h"
 
@@ -14,6 +15,9 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QPixmap>
+#include <QProcess>
+#include <QTabWidget>
+#include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 
 namespace {
@@ -66,6 +70,74 @@ void LongChapterOnScreen(benchmark::State &state)
     delete main;
 }
 BENCHMARK(LongChapterOnScreen)->Unit(benchmark::kMillisecond);
+
+// A program folder made from the imported one (QS_BENCH_PROGRAM, else the build's), so that the
+// benchmark's notes and settings never touch the user's.
+QString realProgramFolder()
+{
+    static QTemporaryDir dir;
+    static const QString folder = [] {
+        QString source = qEnvironmentVariable("QS_BENCH_PROGRAM");
+        if (source.isEmpty())
+            source = QStringLiteral(QS_PROGRAM_DIR);
+        for (const QString &name : {QStringLiteral("KJV"), QStringLiteral("tvc"), QStringLiteral("notes")}) {
+            QProcess::execute(QStringLiteral("cp"), {QStringLiteral("-r"), source + u'/' + name, dir.path()});
+        }
+        for (const QString &name : {QStringLiteral("general.cfg"), QStringLiteral("display.cfg")})
+            QFile::copy(source + u'/' + name, dir.filePath(name));
+        QFile ini(dir.filePath(QStringLiteral("window.ini")));
+        if (ini.open(QIODevice::WriteOnly))
+            ini.write("[]\r\nrememberwindowsetting=0\r\n[load]\r\nautoload=1\r\nversion=KJV\r\n");
+        // John 4 carries a page of formatted notes.
+        QString notes = QStringLiteral("{\\rtf1\\ansi{\\fonttbl{\\f0 DejaVu Sans;}}{\\colortbl;\\red190\\green0\\blue0;}\r\n");
+        for (int i = 0; i < 60; ++i)
+            notes += QStringLiteral("\\pard\\b Note %1\\b0  on the woman at the well, \\cf1 living water\\cf0 , verses 10-14.\\par\r\n").arg(i);
+        notes += u'}';
+        NotesStore(dir.path()).Write(1, QStringLiteral("JOHN"), 4, notes);
+        return dir.path();
+    }();
+    return folder;
+}
+
+// Entering a study tab on a chapter it has not shown yet: the commentary or the notes of the
+// chapter are read, loaded into their view and painted. The chapter changes between rounds
+// (untimed), as it does when a reader moves on and comes back to the tab.
+void switchToTab(benchmark::State &state, const QString &caption, const QString &view)
+{
+    ProgramSettings::instance().setProgramFolder(realProgramFolder());
+    frmLoadVersion chooser;
+    chooser.Form_Load();
+    frmMain *main = chooser.MainWindow();
+    main->resize(1000, 720);
+    auto *tabs = main->findChild<QTabWidget *>(QStringLiteral("SSTab1"));
+    auto *target = main->findChild<platform::RichTextBox *>(view);
+    int tab = 0;
+    while (tab < tabs->count() && tabs->tabText(tab) != caption)
+        ++tab;
+    int round = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        tabs->setCurrentIndex(0);
+        main->GoToReference(++round % 2 ? QStringLiteral("John 4") : QStringLiteral("John 3"));
+        QApplication::processEvents();
+        state.ResumeTiming();
+        tabs->setCurrentIndex(tab);
+        benchmark::DoNotOptimize(target->viewport()->grab());
+    }
+    delete main;
+}
+
+void SwitchToCommentary(benchmark::State &state)
+{
+    switchToTab(state, QStringLiteral("TVC"), QStringLiteral("rtfTVC"));
+}
+BENCHMARK(SwitchToCommentary)->Unit(benchmark::kMillisecond);
+
+void SwitchToNotes(benchmark::State &state)
+{
+    switchToTab(state, QStringLiteral("Notes"), QStringLiteral("rtfNotes"));
+}
+BENCHMARK(SwitchToNotes)->Unit(benchmark::kMillisecond);
 
 } // namespace
 

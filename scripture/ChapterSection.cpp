@@ -54,6 +54,26 @@ QList<Span> lineSpans(const QByteArray &bytes, qsizetype from)
     return spans;
 }
 
+// The same lines of the decoded text, as platform::SplitLines gives them, without copying them.
+QList<QStringView> lineViews(QStringView text)
+{
+    QList<QStringView> views;
+    const qsizetype n = text.size();
+    qsizetype start = 0;
+    for (qsizetype i = 0; i < n; ++i) {
+        const QChar c = text[i];
+        if (c == u'\r' || c == u'\n') {
+            views.append(text.sliced(start, i - start));
+            if (c == u'\r' && i + 1 < n && text[i + 1] == u'\n')
+                ++i;
+            start = i + 1;
+        }
+    }
+    if (start < n)
+        views.append(text.sliced(start));
+    return views;
+}
+
 bool endsWithLineBreak(const QByteArray &bytes)
 {
     return bytes.endsWith('\r') || bytes.endsWith('\n');
@@ -72,7 +92,7 @@ std::filesystem::path fsPath(const QString &path)
 QByteArray spliced(const QByteArray &old, int chapter, const QString &section)
 {
     const platform::DecodedText decoded = platform::DecodeText(old);
-    const QStringList lines = platform::SplitLines(decoded.text);
+    const QList<QStringView> lines = lineViews(decoded.text);
     // Decoding drops a UTF-8 byte order mark; the first line starts after it, so a marker put in
     // front of the first line does not push the mark into the middle of the file.
     const bool bom =
@@ -109,16 +129,22 @@ QByteArray spliced(const QByteArray &old, int chapter, const QString &section)
         head += "CHAPTER " + QByteArray::number(chapter) + "\r\n";
     }
 
-    QByteArray result =
-        old.left(from) + head + platform::EncodeText(section, decoded.encoding) + old.mid(to);
+    const QByteArray encoded = platform::EncodeText(section, decoded.encoding);
+    QByteArray result;
+    result.reserve(from + head.size() + encoded.size() + old.size() - to);
+    result.append(QByteArrayView(old).first(from))
+        .append(head)
+        .append(encoded)
+        .append(QByteArrayView(old).sliced(to));
     if (decoded.encoding == platform::TextEncoding::Windows1252 &&
         (!platform::FitsWindows1252(section) ||
          platform::DecodeText(result).encoding != platform::TextEncoding::Windows1252)) {
         // The text cannot be written in Windows-1252, or the file would read as UTF-8 from now on
         // and the other chapters' accented letters would change: the whole file becomes UTF-8,
         // which keeps every character though not every byte.
-        result = (platform::DecodeWindows1252(old.left(from)) + QString::fromLatin1(head) +
-                  section + platform::DecodeWindows1252(old.mid(to)))
+        result = (platform::DecodeWindows1252(QByteArrayView(old).first(from)) +
+                  QString::fromLatin1(head) + section +
+                  platform::DecodeWindows1252(QByteArrayView(old).sliced(to)))
                      .toUtf8();
     }
     return result;

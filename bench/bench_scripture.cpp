@@ -1,13 +1,18 @@
 // Fetching passages, parsing references, formatting and the quick search over a Bible-sized
-// translation.
+// translation; saving and reading notes, and the commentary on a chapter.
 #include "SyntheticBible.h"
 #include "platform/MsgBox.h"
 #include "scripture/BookFiles.h"
+#include "scripture/CommentaryStore.h"
+#include "scripture/NotesStore.h"
 #include "scripture/PassageFormatter.h"
 #include "scripture/QuickSearch.h"
 #include "scripture/ReferenceParser.h"
 #include "scripture/clsBible.h"
 
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 
 namespace {
@@ -94,6 +99,71 @@ void QuickSearchTwoWords(benchmark::State &state)
 BENCHMARK(QuickSearchTwoWords)->Unit(benchmark::kMillisecond);
 
 BENCHMARK(QuickSearchFirstRead)->Unit(benchmark::kMillisecond);
+
+// About 3 KB of rich text, as the notes view writes it.
+QString notesRtf(int chapter, int version)
+{
+    QString rtf = QStringLiteral("{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1{\\fonttbl{\\f0 Times New Roman;}}"
+                                 "{\\colortbl ;\\red255\\green0\\blue0;}\r\n");
+    for (int p = 0; p < 25; ++p)
+        rtf += QStringLiteral("\\pard\\f0\\fs24 Paragraph %1 on chapter %2, version %3: \\b a few words\\b0  and "
+                              "\\cf1 more\\cf0  words to fill a line.\\par\r\n").arg(p).arg(chapter).arg(version);
+    return rtf + QStringLiteral("}\r\n");
+}
+
+// A program folder whose commentary is the benchmark Bible and whose notes of Psalms hold 150
+// chapters of notes.
+QString programFolder()
+{
+    static QTemporaryDir dir;
+    static const QString folder = [] {
+        QFile::link(bench::syntheticBible(), dir.filePath(QStringLiteral("tvc")));
+        QDir().mkpath(dir.filePath(QStringLiteral("notes/oldtest")));
+        QFile file(dir.filePath(QStringLiteral("notes/oldtest/PSALMS.dat")));
+        if (file.open(QIODevice::WriteOnly)) {
+            for (int c = 1; c <= 150; ++c)
+                file.write("CHAPTER " + QByteArray::number(c) + "\r\n" + notesRtf(c, 0).toUtf8());
+        }
+        return dir.path();
+    }();
+    return folder;
+}
+
+void NotesSave(benchmark::State &state)
+{
+    const NotesStore notes(programFolder());
+    const QString versions[2] = {notesRtf(75, 1), notesRtf(75, 2)};
+    int i = 0;
+    for (auto _ : state) {
+        const QString failure = notes.Write(0, QStringLiteral("PSALMS"), 75, versions[++i % 2]);
+        if (!failure.isEmpty())
+            state.SkipWithError(failure.toUtf8().constData());
+    }
+}
+BENCHMARK(NotesSave)->Unit(benchmark::kMillisecond);
+
+void NotesRead(benchmark::State &state)
+{
+    const NotesStore notes(programFolder());
+    for (auto _ : state)
+        benchmark::DoNotOptimize(notes.Read(0, QStringLiteral("PSALMS"), 75));
+}
+BENCHMARK(NotesRead)->Unit(benchmark::kMicrosecond);
+
+void CommentaryViewText(benchmark::State &state)
+{
+    // Two readers on neighbouring chapters, so that every call fetches a chapter.
+    clsBible readers[2];
+    for (int r = 0; r < 2; ++r) {
+        readers[r].setVersionPath(bench::syntheticBible());
+        readers[r].Passagebystandard(QStringLiteral("Psalms %1").arg(118 + r));
+    }
+    CommentaryStore commentary(programFolder());
+    int i = 0;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(commentary.ViewText(readers[++i % 2]));
+}
+BENCHMARK(CommentaryViewText)->Unit(benchmark::kMicrosecond);
 
 } // namespace
 

@@ -11,6 +11,7 @@
 #include "scripture/TranslationList.h"
 #include "scripture/basStrings.h"
 #include "scripture/clsBible.h"
+#include "settings/ProgramSettings.h"
 #include "settings/SettingsRecords.h"
 #include "settings/clsIni.h"
 
@@ -52,16 +53,6 @@ int usage()
         "  commentary REFERENCE              the commentary on the reference's chapter\n"
         "PROGRAM_FOLDER defaults to $QUILLSTONE_DIR, else the folder of this program."));
     return Usage;
-}
-
-QString programFolder(const QString &given)
-{
-    if (!given.isEmpty())
-        return given;
-    const QString env = qEnvironmentVariable("QUILLSTONE_DIR");
-    if (!env.isEmpty())
-        return env;
-    return QCoreApplication::applicationDirPath();
 }
 
 QString ProgramFile(const QString &folder, const QString &name)
@@ -200,7 +191,7 @@ int main(int argc, char **argv)
     }
     if (args.isEmpty())
         return usage();
-    const QString folder = programFolder(dirOption);
+    const QString folder = ProgramSettings::ResolveProgramFolder(dirOption);
     const QString command = args.takeFirst();
 
     if (command == u"check")

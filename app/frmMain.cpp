@@ -95,6 +95,7 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
     // Old settings files spell the key so; the store finds "left" under it all the same.
     m_placement->setLeftReadKey(QStringLiteral("Left"));
     m_placement->addSplitter(splitter, {QStringLiteral("split0"), QStringLiteral("split1")});
+    connect(m_placement, &WindowPlacement::splittersRestored, this, &frmMain::placeHeader);
 }
 
 frmMain::~frmMain() = default;

@@ -215,6 +215,7 @@ void WindowPlacement::restoreSplitters()
             value.pixels = placed.at(i);
         }
     }
+    emit splittersRestored();
 }
 
 int WindowPlacement::writeBack(const Remembered &value, int pixels, int twipsPerPixel) const

@@ -53,6 +53,10 @@ public:
     // shrunk, down to the window's minimum size) so that it lies on the available screen.
     static QRect FitOnScreen(const QRect &outer, const QRect &available, const QSize &minimum);
 
+signals:
+    // The splitters stand where they were saved; they are placed once the window is on screen.
+    void splittersRestored();
+
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 

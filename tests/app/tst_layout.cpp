@@ -109,6 +109,10 @@ private slots:
         main->show();
         QVERIFY(QTest::qWaitForWindowExposed(main));
         QTRY_COMPARE(program.control<QListWidget>("lstBooks")->width(), 200 - 6);
+        // The testament list follows the restored splitters.
+        auto *chapters = program.control<QListWidget>("lstChapters");
+        QCOMPARE(program.control<QComboBox>("cmbTestaments")->width(),
+                 chapters->geometry().right() - program.control<QListWidget>("lstBooks")->geometry().left() + 1);
 
         // The user moves a splitter and maximises the window.
         drag(program.control<QSplitter>("splitter"), 1, 30);

@@ -17,7 +17,8 @@ class frmAddBookmark : public QDialog
 public:
     // reference: the first text of the reference box (the main window's title label);
     // reload: the main window's LoadBookmarks, run after the bookmark has been added.
-    frmAddBookmark(const QString &reference, std::function<void()> reload, QWidget *parent = nullptr);
+    frmAddBookmark(const QString &reference, std::function<void()> reload,
+                   QWidget *parent = nullptr);
 
 public slots:
     void reject() override;

@@ -28,8 +28,9 @@ public:
     // (item k from 1 belongs to entry k), edited in place and so kept alive by the caller;
     // bible: the store of the open translation, for the passage of a bookmark; reload: the main
     // window's LoadBookmarks, run after a save.
-    frmOrganizeBookmarks(const QStringList &captions, QStringList &references, const clsBible &bible,
-                         std::function<void()> reload, QWidget *parent = nullptr);
+    frmOrganizeBookmarks(const QStringList &captions, QStringList &references,
+                         const clsBible &bible, std::function<void()> reload,
+                         QWidget *parent = nullptr);
 
 private slots:
     void lstBookmarks_Click();
@@ -39,6 +40,11 @@ private slots:
     void cmdCancel_Click();
 
 private:
+    // The chosen entry's row; -1 when none is chosen.
+    int selectedRow() const;
+    // Item k of the reference list, from 1; empty past its end.
+    QString referenceItem(int k) const;
+
     QStringList &m_references;
     // A copy of the translation store, so that showing a bookmark's passage here leaves the
     // passage the main window shows (and where its notes are saved) as it is.

@@ -15,6 +15,7 @@
 #include "settings/ProgramSettings.h"
 #include "settings/WindowPlacement.h"
 #include "settings/basSettings.h"
+#include "settings/frmOptions.h"
 
 #include <QAction>
 #include <QActionGroup>
@@ -299,6 +300,10 @@ void frmMain::buildMenus()
     edit->addAction(QStringLiteral("&Copy Selection"), QKeySequence::Copy, this, &frmMain::mnuEditCopy_Click);
     edit->addAction(QStringLiteral("Copy &Passage"), this, &frmMain::mnuEditCopyPassage_Click);
     edit->addAction(QStringLiteral("Copy &Book Name"), this, &frmMain::mnuEditCopyBookName_Click);
+    edit->addSeparator();
+    QAction *options = edit->addAction(QStringLiteral("&Options..."), QKeySequence(QStringLiteral("Ctrl+,")), this,
+                                       &frmMain::mnuEditOptions_Click);
+    options->setObjectName(QStringLiteral("mnuEditOptions"));
 
     mnuTranslations = menuBar()->addMenu(QStringLiteral("&Translations"));
     mnuTranslations->setObjectName(QStringLiteral("mnuTranslations"));
@@ -597,6 +602,15 @@ void frmMain::mnuEditCopyBookName_Click()
         QGuiApplication::clipboard()->clear();
         QGuiApplication::clipboard()->setText(book->text());
     }
+}
+
+void frmMain::mnuEditOptions_Click()
+{
+    frmOptions options(TranslationList::List(ProgramSettings::instance().programFolder()), m_translationFolder, this);
+    connect(&options, &frmOptions::loadTranslationRequested, this, &frmMain::translationChosen);
+    // The new look shows at once, without a restart.
+    connect(&options, &frmOptions::settingsSaved, this, &frmMain::InitiateSession);
+    options.exec();
 }
 
 void frmMain::mnuReferencesUnits_Click()

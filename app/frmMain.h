@@ -90,6 +90,7 @@ public slots:
     void mnuEditCopy_Click();
     void mnuEditCopyPassage_Click();
     void mnuEditCopyBookName_Click();
+    void mnuEditOptions_Click();
     void mnuReferencesUnits_Click();
     void mnuHelpAbout_Click();
 

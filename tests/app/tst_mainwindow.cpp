@@ -1,4 +1,5 @@
 // Start-up and the reading window, driven through their controls on the offscreen platform.
+#include "../support/HookGuards.h"
 #include "../support/ProgramHarness.h"
 #include "../support/TranslationFixture.h"
 #include "platform/MsgBoxAnswerer.h"
@@ -6,6 +7,9 @@
 #include "settings/ProgramSettings.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QTimer>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
@@ -249,6 +253,31 @@ private slots:
         program.control<QCheckBox>("chkWordSearch")->setChecked(true);
         main->QuickSearch(QStringLiteral("tex"));
         QCOMPARE(title->text(), QStringLiteral("Search results for \"tex\" (0 matches)"));
+    }
+
+    void optionsApplyAtOnce()
+    {
+        writeIni("[load]\r\nautoload=0\r\n");
+        platform::MsgBoxAnswerer answers;
+        ProgramHarness program(m_dir.path());
+        program.start(QStringLiteral("TEST"));
+        // In the modal dialog: a red title, no line breaks, then Save.
+        support::ColorAnswer red([](clsCommonColorDialog &d) {
+            d.setColor(0x0000FF);
+            return true;
+        });
+        QTimer::singleShot(0, this, [] {
+            auto *options = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+            QVERIFY(options);
+            QTest::mouseClick(options->findChild<QLabel *>(QStringLiteral("lblTitFont")), Qt::LeftButton);
+            options->findChild<QCheckBox *>(QStringLiteral("chkLineBreaks"))->setChecked(false);
+            QTest::mouseClick(options->findChild<QPushButton *>(QStringLiteral("cmdSaveSettings")), Qt::LeftButton);
+        });
+        program.control<QAction>("mnuEditOptions")->trigger();
+        QCOMPARE(program.control<QLabel>("lbltitle")->palette().color(QPalette::WindowText), QColor(255, 0, 0));
+        QVERIFY(program.control<platform::RichTextBox>("rtfPassage")->Text().contains(
+            QStringLiteral("1 Text of Genesis 1:1 2 Text of Genesis 1:2")));
+        QCOMPARE(ProgramSettings::instance().general.lineBreaks, qint16(0));
     }
 };
 

@@ -1,5 +1,7 @@
 #include "app/frmMain.h"
 
+#include "bookmarks/frmAddBookmark.h"
+#include "bookmarks/frmOrganizeBookmarks.h"
 #include "library/DataFiles.h"
 #include "platform/MsgBox.h"
 #include "platform/RichTextBox.h"
@@ -305,6 +307,17 @@ void frmMain::buildMenus()
                                        &frmMain::mnuEditOptions_Click);
     options->setObjectName(QStringLiteral("mnuEditOptions"));
 
+    mnuBookmarks = menuBar()->addMenu(QStringLiteral("&Bookmarks"));
+    mnuBookmarks->setObjectName(QStringLiteral("mnuBookmarks"));
+    QAction *add = mnuBookmarks->addAction(QStringLiteral("Add Passage to bookmarks"), QKeySequence(QStringLiteral("Ctrl+D")),
+                                           this, &frmMain::mnuBookmarksAdd_Click);
+    add->setObjectName(QStringLiteral("mnuBookmarksAdd"));
+    QAction *organize = mnuBookmarks->addAction(QStringLiteral("&Organize Bookmarks"), QKeySequence(QStringLiteral("Ctrl+B")),
+                                                this, &frmMain::mnuBookmarksOrganize_Click);
+    organize->setObjectName(QStringLiteral("mnuBookmarksOrganize"));
+    mnuBookmarks->addSeparator();
+    mnuBookmarksBookmarks.append(nullptr);
+
     mnuTranslations = menuBar()->addMenu(QStringLiteral("&Translations"));
     mnuTranslations->setObjectName(QStringLiteral("mnuTranslations"));
 
@@ -389,6 +402,8 @@ void frmMain::LoadTranslation(const QString &folder)
     cmbTestaments->addItems({header.firstTestament, header.secondTestament});
 
     checkDataFiles();
+    if (!reopening)
+        LoadBookmarks();
     LoadSettingsFiles();
     if (!reopening)
         LoadSession();
@@ -602,6 +617,62 @@ void frmMain::mnuEditCopyBookName_Click()
         QGuiApplication::clipboard()->clear();
         QGuiApplication::clipboard()->setText(book->text());
     }
+}
+
+void frmMain::LoadBookmarks()
+{
+    // 1. Every bookmark entry goes; entry 0 is never a bookmark.
+    for (qsizetype i = 1; i < mnuBookmarksBookmarks.size(); ++i)
+        delete mnuBookmarksBookmarks.at(i);
+    mnuBookmarksBookmarks.resize(1);
+    // 2.-4. The file, repaired when missing, gives the entries and the shared reference list.
+    m_bookmarks.Load();
+    const QStringList &names = m_bookmarks.Names();
+    QList<QAction *> entries;
+    entries.reserve(names.size());
+    for (qsizetype i = 0; i < names.size(); ++i) {
+        // An "&" in a name is shown as it is, not taken for a mnemonic.
+        auto *entry = new QAction(QString(names.at(i)).replace(u'&', QStringLiteral("&&")), mnuBookmarks);
+        entry->setObjectName(QStringLiteral("mnuBookmarksBookmarks%1").arg(i + 1));
+        connect(entry, &QAction::triggered, this, [this, index = int(i) + 1] { mnuBookmarksBookmarks_Click(index); });
+        entries.append(entry);
+    }
+    // Added in one go, so that thousands of bookmarks do not lay the menu out thousands of times.
+    mnuBookmarks->addActions(entries);
+    mnuBookmarksBookmarks.append(entries);
+}
+
+QString frmMain::bookmarkCaption(int index) const
+{
+    const QAction *entry = mnuBookmarksBookmarks.value(index);
+    return entry ? QString(entry->text()).replace(QStringLiteral("&&"), QStringLiteral("&")) : QString();
+}
+
+void frmMain::mnuBookmarksBookmarks_Click(int index)
+{
+    if (!askToKeepNotes())
+        return;
+    // The reference list may have lost items since the menu was built (Remove, then Cancel).
+    const QString text = m_bible.Passagebystandard(m_bookmarks.Reference(index));
+    rtfPassage->setTextRTF(PassageFormatter::ToRichText(text, true));
+    rtfPassage->setSelStart(0);
+    lbltitle->setText(QStringLiteral("Bookmark: ") + m_bible.Standard() + QStringLiteral(" -- ") + bookmarkCaption(index));
+    refreshStudyTab();
+}
+
+void frmMain::mnuBookmarksAdd_Click()
+{
+    frmAddBookmark dialog(lbltitle->text(), [this] { LoadBookmarks(); }, this);
+    dialog.exec();
+}
+
+void frmMain::mnuBookmarksOrganize_Click()
+{
+    QStringList captions;
+    for (qsizetype i = 1; i < mnuBookmarksBookmarks.size(); ++i)
+        captions << bookmarkCaption(int(i));
+    frmOrganizeBookmarks dialog(captions, m_bookmarks.References(), m_bible, [this] { LoadBookmarks(); }, this);
+    dialog.exec();
 }
 
 void frmMain::mnuEditOptions_Click()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "bookmarks/Bookmarks.h"
 #include "library/MainWindowLink.h"
 #include "platform/clsCommonColorDialog.h"
 #include "scripture/CommentaryStore.h"
@@ -56,6 +57,9 @@ public:
     // Puts a reference into the reference box and fetches it, as "Get it" does.
     void GoToReference(const QString &reference) override;
 
+    // Rebuilds the Bookmarks menu's entries and the shared reference list from "bookmarks.dat".
+    void LoadBookmarks();
+
     // Reads "general.cfg" and "display.cfg", then applies them.
     void LoadSettingsFiles();
     // Puts the look and the general options in place and shows the first chapter of the Bible.
@@ -91,6 +95,9 @@ public slots:
     void mnuEditCopyPassage_Click();
     void mnuEditCopyBookName_Click();
     void mnuEditOptions_Click();
+    void mnuBookmarksAdd_Click();
+    void mnuBookmarksOrganize_Click();
+    void mnuBookmarksBookmarks_Click(int index);
     void mnuReferencesUnits_Click();
     void mnuHelpAbout_Click();
 
@@ -120,8 +127,11 @@ private:
     // The testament of the chapter on display, from its book (the store's own testament reads 5
     // after a book that was not found).
     int currentTestament() const;
+    // The caption of bookmark entry index (from 1) as the user reads it.
+    QString bookmarkCaption(int index) const;
 
     clsBible m_bible;
+    Bookmarks m_bookmarks;
     // Opened on the first visit to the commentary, which reads its book maps.
     std::unique_ptr<CommentaryStore> m_commentary;
     QString m_translationFolder;
@@ -143,6 +153,9 @@ private:
     QAction *mnuRightclickStrongLexicon = nullptr;
     QAction *mnuRightclickDictionary = nullptr;
     QMenu *mnuTranslations = nullptr;
+    QMenu *mnuBookmarks = nullptr;
+    // The bookmark entries, from 1; index 0 is never a bookmark.
+    QList<QAction *> mnuBookmarksBookmarks;
     QMenu *mnuRightClick = nullptr;
     QComboBox *cmbTestaments = nullptr;
     QListWidget *lstBooks = nullptr;

@@ -70,7 +70,11 @@ private slots:
             program.start(QStringLiteral("test"));
             QVERIFY(program.opened());
             QCOMPARE(program.main()->windowTitle(), QStringLiteral("Test Version - Quillstone Bible 1.0.0"));
-            QCOMPARE(answers.count(), 0);
+            // The first start repairs the missing bookmark file and says so.
+            QCOMPARE(answers.prompts(), QStringList{QStringLiteral(
+                "'bookmarks.dat' is missing from the program's directory!\r\nProblem was repaired, click ok to proceed")});
+            QVERIFY(answers.last().buttons & vb::vbCritical);
+            QVERIFY(QFile::exists(m_dir.filePath(QStringLiteral("bookmarks.dat"))));
             QCOMPARE(program.control<QListWidget>("lstVersions")->count(), 3);
             // A translation with no name on its first line goes by its folder's name.
             QCOMPARE(program.control<QListWidget>("lstVersions")->item(0)->text(), QStringLiteral("NAMELESS"));

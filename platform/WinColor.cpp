@@ -39,6 +39,18 @@ constexpr std::array<QRgb, 31> SystemColors = {
     qRgb(240, 240, 240), // 30 menu bar
 };
 
+// The names of the same system colours, as colour schemes name them; 25 has none.
+constexpr std::array<const char *, 31> SystemColorNames = {
+    "scrollbar",       "desktop",          "activecaption",  "inactivecaption",      // 0-3
+    "menu",            "window",           "windowframe",    "menutext",             // 4-7
+    "windowtext",      "captiontext",      "activeborder",   "inactiveborder",       // 8-11
+    "appworkspace",    "highlight",        "highlighttext",  "buttonface",           // 12-15
+    "buttonshadow",    "graytext",         "buttontext",     "inactivecaptiontext",  // 16-19
+    "buttonhighlight", "3ddarkshadow",     "3dlight",        "infotext",             // 20-23
+    "infobackground",  "",                 "hotlight",       "gradientactivecaption", // 24-27
+    "gradientinactivecaption", "menuhighlight", "menubar",                           // 28-30
+};
+
 } // namespace
 
 namespace platform {
@@ -57,6 +69,15 @@ qint32 QColorToWindowsColor(const QColor &color)
 {
     const QColor rgb = color.toRgb();
     return qint32(rgb.red()) | (qint32(rgb.green()) << 8) | (qint32(rgb.blue()) << 16);
+}
+
+QString SystemColorName(qint32 value)
+{
+    const auto bits = static_cast<quint32>(value);
+    if (!(bits & 0x80000000u))
+        return QString();
+    const quint32 index = bits & 0x00FFFFFFu;
+    return index < SystemColorNames.size() ? QString::fromLatin1(SystemColorNames[index]) : QString();
 }
 
 } // namespace platform

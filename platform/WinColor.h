@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QString>
 #include <QtGlobal>
 
 // Colours are kept in settings files and passed to the colour dialog as Windows colour values:
@@ -13,5 +14,8 @@ namespace platform {
 QColor WindowsColorToQColor(qint32 value);
 // The 0x00BBGGRR value of a colour (alpha is dropped).
 qint32 QColorToWindowsColor(const QColor &color);
+// The name of a system colour ("window", "buttonface", "highlight"); empty for a plain colour and
+// for an index that names none.
+QString SystemColorName(qint32 value);
 
 } // namespace platform

@@ -7,6 +7,32 @@
 
 using namespace fixture;
 
+namespace {
+
+QByteArray readFile(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// Little-endian integers, as the binary settings records hold them.
+QByteArray le(quint32 value, int size = 4)
+{
+    QByteArray bytes;
+    for (int i = 0; i < size; ++i)
+        bytes += char((value >> (8 * i)) & 0xFF);
+    return bytes;
+}
+
+// One display area of "display.cfg": colours, a 32-character font name, size, bold, italic.
+QByteArray style(quint32 back, quint32 fore, const QByteArray &font, int size, bool bold, bool italic)
+{
+    return le(back) + le(fore) + font.leftJustified(32, ' ') + le(quint32(size)) + le(bold ? 0xFFFF : 0, 2) +
+           le(italic ? 0xFFFF : 0, 2);
+}
+
+} // namespace
+
 class TestCli : public QObject
 {
     Q_OBJECT
@@ -122,6 +148,72 @@ private slots:
         r = cli(aaa + QStringList{QStringLiteral("commentary"), QStringLiteral("John 1:2")});
         QCOMPARE(r.status, 0);
         QCOMPARE(r.out, QByteArray("Tovelian's Commentary \r\nOn John 1\r\n"));
+    }
+
+    void bookmarks()
+    {
+        const QString file = m_dir.path() + QStringLiteral("/bookmarks.dat");
+        const QStringList aaa = {QStringLiteral("--translation"), QStringLiteral("AAA"), QStringLiteral("bookmarks")};
+        const auto add = [&](const QString &name, const QString &reference) {
+            return cli({QStringLiteral("bookmarks"), QStringLiteral("add"), name, reference});
+        };
+
+        // A missing file is repaired, as the window does at start-up.
+        Run r = cli(aaa);
+        QCOMPARE(r.status, 0);
+        QCOMPARE(r.out, QByteArray());
+        QVERIFY2(r.err.contains("'bookmarks.dat' is missing from the program's directory!"), r.err.constData());
+        QVERIFY(QFile::exists(file));
+
+        QCOMPARE(add(QStringLiteral("In the beginning"), QStringLiteral("gen 1:1")).status, 0);
+        QCOMPARE(add(QStringLiteral("Love, light"), QStringLiteral("John 1:1-2")).status, 0);
+        r = add(QStringLiteral("\"Light\""), QStringLiteral("John 1:2"));
+        QCOMPARE(r.status, 1);
+        QVERIFY2(r.err.contains("cannot contain a double quote"), r.err.constData());
+        QCOMPARE(add(QString(), QStringLiteral("John 1")).err, QByteArray("Please enter a bookmark name\n"));
+        QCOMPARE(cli({QStringLiteral("bookmarks"), QStringLiteral("add"), QStringLiteral("x")}).status, 64);
+        QFile appended(file);
+        QVERIFY(appended.open(QIODevice::ReadWrite | QIODevice::Append));
+        appended.write("junk\r\n");
+        appended.close();
+
+        r = cli(aaa);
+        QCOMPARE(r.status, 0);
+        QCOMPARE(r.out, QByteArray("In the beginning\tgen 1:1\tGENESIS 1:1\nLove, light\tJohn 1:1-2\tJOHN 1:1-2\n"));
+        QVERIFY2(r.err.contains("Line 3 of 'bookmarks.dat' could not be read"), r.err.constData());
+
+        // A book the translation lacks: the line as the store gives it, and exit status 2.
+        QCOMPARE(add(QStringLiteral("Exodus"), QStringLiteral("Exodus 1")).status, 0);
+        r = cli(aaa);
+        QCOMPARE(r.status, 2);
+        QVERIFY(r.out.endsWith("\nExodus\tExodus 1\tJOHN 1:1-2\n"));
+        QCOMPARE(readFile(file), QByteArray("\"In the beginning\",\"gen 1:1\"\r\n\"Love, light\",\"John 1:1-2\"\r\n"
+                                            "junk\r\n\"Exodus\",\"Exodus 1\"\r\n"));
+    }
+
+    void settings()
+    {
+        // Without the files, the defaults and a note.
+        Run r = cli({QStringLiteral("settings")});
+        QCOMPARE(r.status, 0);
+        QVERIFY(r.out.startsWith("linebreaks=true\nmaxsearchresults=500\nnavigation.font=Arial\n"));
+        QVERIFY(r.err.contains("'general.cfg' is missing") && r.err.contains("'display.cfg' is missing"));
+
+        writeFile(m_dir.path() + QStringLiteral("/general.cfg"), le(0, 2) + le(1200, 2));
+        // A system colour without a name (25) is shown as stored.
+        writeFile(m_dir.path() + QStringLiteral("/display.cfg"),
+                  style(0x80000005, 0x0000FF, "DejaVu Sans", 10, false, true) +
+                      style(0x80000019, 0, "Times New Roman", 12, false, false) +
+                      style(0x8000000F, 0x80000012, "Arial", 12, true, false) + le(0x00123456));
+        r = cli({QStringLiteral("settings")});
+        QCOMPARE(r.err, QByteArray());
+        QCOMPARE(r.out, QByteArray("linebreaks=false\nmaxsearchresults=1200\n"
+                                   "navigation.font=DejaVu Sans\nnavigation.size=10\nnavigation.bold=false\n"
+                                   "navigation.italic=true\nnavigation.forecolor=#ff0000\nnavigation.backcolor=window\n"
+                                   "passage.font=Times New Roman\npassage.size=12\npassage.bold=false\n"
+                                   "passage.italic=false\npassage.forecolor=#000000\npassage.backcolor=0x80000019\n"
+                                   "title.font=Arial\ntitle.size=12\ntitle.bold=true\ntitle.italic=false\n"
+                                   "title.forecolor=buttontext\ntitle.backcolor=buttonface\nrightclickcolor=#563412\n"));
     }
 
     void checking()

@@ -1,5 +1,8 @@
 // quillstone-cli: the scripture store from the command line, for scripts, checks and authors of
 // new translations. Built on the UI-free libraries only.
+#include "BookmarksCommand.h"
+#include "CliOutput.h"
+#include "SettingsCommand.h"
 #include "platform/FileSystem.h"
 #include "platform/MsgBox.h"
 #include "platform/TextCodec.h"
@@ -19,23 +22,10 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QStringList>
-#include <cstdio>
 
 namespace {
 
-enum Exit { Ok = 0, Problems = 1, BookNotFound = 2, Usage = 64, NoInput = 66 };
-
-void out(const QString &text)
-{
-    const QByteArray bytes = text.toUtf8();
-    std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stdout);
-}
-
-void err(const QString &text)
-{
-    const QByteArray bytes = (text + u'\n').toUtf8();
-    std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stderr);
-}
+using namespace cli;
 
 int usage()
 {
@@ -51,6 +41,9 @@ int usage()
         "  notes REFERENCE                   the notes kept for the reference's chapter (rich text)\n"
         "  notes --set FILE REFERENCE        keep FILE (rich or plain text) as that chapter's notes\n"
         "  commentary REFERENCE              the commentary on the reference's chapter\n"
+        "  bookmarks                         name, reference and standard reference of every bookmark\n"
+        "  bookmarks add NAME REFERENCE      add a bookmark as the Add Bookmark window does\n"
+        "  settings                          the general options and the look, as key=value lines\n"
         "PROGRAM_FOLDER defaults to $QUILLSTONE_DIR, else the folder of this program."));
     return Usage;
 }
@@ -196,6 +189,10 @@ int main(int argc, char **argv)
 
     if (command == u"check")
         return args.size() == 1 ? checkCommand(folder, args.first()) : usage();
+    if (command == u"settings")
+        return args.isEmpty() ? SettingsCommand(folder) : usage();
+    if (command == u"bookmarks" && !args.isEmpty())
+        return args.size() == 3 && args.first() == u"add" ? AddBookmark(folder, args.at(1), args.at(2)) : usage();
 
     if (translation.isEmpty())
         translation = defaultTranslation(folder);
@@ -222,6 +219,8 @@ int main(int argc, char **argv)
     }
     if (command == u"search")
         return searchCommand(bible, folder, args);
+    if (command == u"bookmarks")
+        return ListBookmarks(bible, folder);
     if (command == u"notes")
         return notesCommand(bible, folder, args);
     if (command == u"commentary") {

@@ -12,6 +12,8 @@ done
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cp -r "$source/KJV" "$source/general.cfg" "$source/display.cfg" "$work/"
+# Without it the program would first tell that it repaired the missing file.
+: > "$work/bookmarks.dat"
 printf '[]\r\nrememberwindowsetting=1\r\n[load]\r\nversion=KJV\r\nautoload=1\r\n[main]\r\nwindowstate=0\r\nleft=1200\r\ntop=900\r\nwidth=15000\r\nheight=10800\r\nsplit0=2520\r\nsplit1=3460\r\n' > "$work/window.ini"
 
 main_section() { sed -n '/^\[main\]/,/^\[/p' "$work/window.ini" | tr -d '\r' | grep -v '^\['; }

@@ -18,4 +18,7 @@ public:
     virtual void ShowPassage(const QString &rtf, const QString &title) = 0;
     // The store of the open translation.
     virtual clsBible &Bible() = 0;
+    // Lists every verse that carries a Strong's number ("H430", "G26"), as the Strong's
+    // concordance of the main window does.
+    virtual void StrongConcordance(const QString &number) = 0;
 };

@@ -5,11 +5,13 @@
 // through a test never leaves an answer behind for the next one. Message boxes have their own
 // guard, platform::MsgBoxAnswerer.
 #include "platform/CShell.h"
+#include "platform/InputBox.h"
 #include "platform/clsCommonColorDialog.h"
 #include "platform/clsCommonFontDialog.h"
 #include "platform/clsCommonOpenDialog.h"
 
 #include <QList>
+#include <QStringList>
 #include <QUrl>
 #include <utility>
 
@@ -54,6 +56,30 @@ public:
 
 private:
     CShell::TestOpener m_previous;
+};
+
+// Answers the input box with the given texts in turn (then with empty text, as Cancel does) and
+// records the prompts it was shown.
+class InputBoxAnswers
+{
+public:
+    explicit InputBoxAnswers(QStringList answers)
+        : m_answers(std::move(answers)),
+          m_previous(platform::setInputBoxAnswer([this](const QString &prompt, const QString &) {
+              prompts.append(prompt);
+              return m_answers.isEmpty() ? QString() : m_answers.takeFirst();
+          }))
+    {
+    }
+    ~InputBoxAnswers() { platform::setInputBoxAnswer(std::move(m_previous)); }
+    InputBoxAnswers(const InputBoxAnswers &) = delete;
+    InputBoxAnswers &operator=(const InputBoxAnswers &) = delete;
+
+    QStringList prompts;
+
+private:
+    QStringList m_answers;
+    platform::InputBoxAnswer m_previous;
 };
 
 } // namespace support

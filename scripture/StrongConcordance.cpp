@@ -1,0 +1,57 @@
+#include "scripture/StrongConcordance.h"
+
+#include "scripture/BookFiles.h"
+#include "scripture/basStrings.h"
+#include "scripture/clsBible.h"
+
+namespace StrongConcordance {
+
+QString Normalize(const QString &typed)
+{
+    const QString text = basStrings::UpperCase(basStrings::TrimBlanks(typed).toString());
+    if (text.size() < 2 || (text.at(0) != u'H' && text.at(0) != u'G'))
+        return QString();
+    qsizetype digits = 1;
+    while (digits < text.size() && basStrings::IsDigit(text.at(digits)))
+        ++digits;
+    if (digits != text.size() || digits - 1 > 9)
+        return QString();
+    const int number = text.mid(1).toInt();
+    return number > 0 ? text.at(0) + QString::number(number) : QString();
+}
+
+bool CarriesNumbers(const clsBible &store)
+{
+    for (const int book : {store.FirstBookOfTestament(0), store.FirstBookOfTestament(1)}) {
+        if (book < 1 || book > store.BooksCount())
+            continue;
+        const std::shared_ptr<const BookFiles::Content> file = BookFiles::lines(store.BookFilePath(book));
+        if (!file)
+            continue;
+        // A tagged translation carries numbers on nearly every verse; a few hundred lines tell.
+        for (qsizetype i = 0; i < file->lines.size() && i < 400; ++i) {
+            const QString &line = file->lines.at(i);
+            if (line.contains(u"{H") || line.contains(u"{G"))
+                return true;
+        }
+    }
+    return false;
+}
+
+QuickSearch::Result Run(QuickSearch &search, const clsBible &store, const QString &number, int limit,
+                        const QString &otherTranslation)
+{
+    const QString braced = u'{' + number + u'}';
+    QuickSearch::Result result = search.run(store, braced, false, limit);
+    if (result.outcome == QuickSearch::Outcome::UnderLimit) {
+        QString shown = u'"' + number + u'"';
+        if (!otherTranslation.isEmpty())
+            shown += QStringLiteral(" in ") + otherTranslation;
+        result.title.replace(u'"' + braced + u'"', shown);
+    } else if (!otherTranslation.isEmpty() && result.outcome != QuickSearch::Outcome::Failed) {
+        result.title += QStringLiteral(" (") + otherTranslation + u')';
+    }
+    return result;
+}
+
+} // namespace StrongConcordance

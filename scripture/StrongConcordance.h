@@ -1,0 +1,27 @@
+#pragma once
+
+#include "scripture/QuickSearch.h"
+
+#include <QString>
+
+class clsBible;
+
+// Every verse that carries a Strong's number: a translation tagged with the numbers holds them in
+// braces after the words they stand for ("God{H430}"), so the concordance of a number is the quick
+// search for the number in braces, with the quick search's result texts, limit and titles.
+namespace StrongConcordance {
+
+// "H430" from what a user types: any case, leading zeros and blanks forgiven ("h0430", " G26 ").
+// Empty when the text is not a letter H or G followed by a number from 1 up.
+QString Normalize(const QString &typed);
+
+// Whether a translation's text carries Strong's numbers (its first book of each testament is
+// looked at).
+bool CarriesNumbers(const clsBible &store);
+
+// Runs the search for a normalized number. otherTranslation names the translation searched when
+// it is not the one the reader has open; the final title then says so.
+QuickSearch::Result Run(QuickSearch &search, const clsBible &store, const QString &number, int limit,
+                        const QString &otherTranslation = QString());
+
+} // namespace StrongConcordance

@@ -3,6 +3,8 @@
 #include "bookmarks/frmAddBookmark.h"
 #include "bookmarks/frmOrganizeBookmarks.h"
 #include "library/DataFiles.h"
+#include "platform/CSendMessage.h"
+#include "platform/InputBox.h"
 #include "platform/MsgBox.h"
 #include "platform/RichTextBox.h"
 #include "platform/Twips.h"
@@ -12,6 +14,7 @@
 #include "scripture/NotesStore.h"
 #include "scripture/PassageFormatter.h"
 #include "scripture/QuickSearch.h"
+#include "scripture/StrongConcordance.h"
 #include "scripture/TranslationList.h"
 #include "scripture/basStrings.h"
 #include "settings/ProgramSettings.h"
@@ -34,6 +37,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMouseEvent>
 #include <QMenuBar>
 #include <QProgressBar>
 #include <QPushButton>
@@ -70,6 +74,8 @@ constexpr int kMinWidthTwips = 3000;
 constexpr int kMinHeightTwips = 4080;
 // The narrowest a list or the tab strip may be made with a splitter.
 constexpr int kSplitterClampTwips = 250;
+// The characters of a word for the passage's look-ups: any other character ends a word.
+const QString kWordCharacters = QStringLiteral("AaBbCcDdEeFfGgHhIiJjKkLlMmNnOoPpQqRrSsTtUuVvWwXxYyZz1234567890");
 
 const QString kNotesCaption = QStringLiteral("Notes");
 // The wording users know, comma splice and all.
@@ -231,6 +237,9 @@ void frmMain::buildControls()
         m_shownTab = index;
         SSTab1_Click(previous);
     });
+    // The passage's own menu gives way to the word look-ups.
+    rtfPassage->setContextMenuPolicy(Qt::NoContextMenu);
+    rtfPassage->viewport()->installEventFilter(this);
     txtReference->installEventFilter(this);
     txtQuery->installEventFilter(this);
 }
@@ -322,17 +331,16 @@ void frmMain::buildMenus()
     mnuTranslations->setObjectName(QStringLiteral("mnuTranslations"));
 
     QMenu *references = menuBar()->addMenu(QStringLiteral("&References"));
-    auto notYet = [](const QString &what) {
-        return [what] {
-            platform::MsgBox(what + QStringLiteral(" will open here in a coming version of Quillstone."),
-                             vb::vbInformation);
-        };
-    };
-    mnuReferencesDictionary = references->addAction(QStringLiteral("&Dictionary"), this, notYet(QStringLiteral("The dictionary")));
+    mnuReferencesDictionary = references->addAction(QStringLiteral("&Dictionary"), this, [this] { openDictionary(); });
     mnuReferencesDictionary->setObjectName(QStringLiteral("mnuReferencesDictionary"));
-    mnuReferencesStrong = references->addAction(QStringLiteral("&Strong's Lexicon"), this, notYet(QStringLiteral("The Strong's lexicon")));
+    mnuReferencesStrong = references->addAction(QStringLiteral("&Strong's Lexicon"), this, [this] { openStrongLexicon(); });
     mnuReferencesStrong->setObjectName(QStringLiteral("mnuReferencesStrong"));
     references->addSeparator();
+    references->addAction(QStringLiteral("Bible &Names"), this, [this] { openBibleNames(); })
+        ->setObjectName(QStringLiteral("mnuReferencesNames"));
+    QAction *concordance = references->addAction(QStringLiteral("Strong's &Concordance..."), this,
+                                                  &frmMain::mnuReferencesConcordance_Click);
+    concordance->setObjectName(QStringLiteral("mnuReferencesConcordance"));
     QAction *units = references->addAction(QStringLiteral("&Units Table"), this, &frmMain::mnuReferencesUnits_Click);
     units->setObjectName(QStringLiteral("mnuReferencesUnits"));
 
@@ -342,10 +350,23 @@ void frmMain::buildMenus()
     // The passage's pop-up menu is a menu of its own, never shown in the menu bar.
     mnuRightClick = new QMenu(this);
     mnuRightClick->setObjectName(QStringLiteral("mnuRightClick"));
-    mnuRightclickDictionary = mnuRightClick->addAction(QStringLiteral("Look up in &Dictionary"), this, notYet(QStringLiteral("The dictionary")));
-    mnuRightclickDictionary->setObjectName(QStringLiteral("mnuRightclickDictionary"));
-    mnuRightclickStrongLexicon = mnuRightClick->addAction(QStringLiteral("Strong's Lexicon Entry?"), this, notYet(QStringLiteral("The Strong's lexicon")));
-    mnuRightclickStrongLexicon->setObjectName(QStringLiteral("mnuRightclickStrongLexicon"));
+    const auto entry = [this](const char *name, const QString &caption, void (frmMain::*handler)()) {
+        QAction *action = mnuRightClick->addAction(caption, this, handler);
+        action->setObjectName(QLatin1String(name));
+        return action;
+    };
+    mnuRightclickWord = mnuRightClick->addAction(QString());
+    mnuRightclickWord->setObjectName(QStringLiteral("mnuRightclickWord"));
+    mnuRightclickWord->setEnabled(false);
+    mnuRightClick->addSeparator();
+    entry("mnuRightclickCopy", QStringLiteral("&Copy"), &frmMain::mnuRightclickCopy_Click);
+    entry("mnuRightclickSearch", QStringLiteral("&Search the Bible"), &frmMain::mnuRightclickSearch_Click);
+    mnuRightclickDictionary = entry("mnuRightclickDictionary", QStringLiteral("Look up in &Dictionary"),
+                                    &frmMain::mnuRightclickDicionary_Click);
+    entry("mnuRichtclickBiblenames", QStringLiteral("Look up in Bible &Names"), &frmMain::mnuRichtclickBiblenames_Click);
+    mnuRightclickStrongLexicon = entry("mnuRightclickStrongLexicon", QStringLiteral("Strong's Lexicon Entry?"),
+                                       &frmMain::mnuRightclickStrongLexicon_Click);
+    entry("mnuRightClickLookupReference", QStringLiteral("&Look up Reference"), &frmMain::mnuRightClickLookupReference_Click);
 }
 
 void frmMain::buildTranslationsMenu()
@@ -546,8 +567,68 @@ void frmMain::QuickSearch(const QString &text)
 
 void frmMain::cmdSearch_Click()
 {
-    // The search lets the window repaint between books; a second start meanwhile is ignored.
     if (m_searching || basStrings::TrimBlanks(txtQuery->text()).isEmpty())
+        return;
+    runSearch(m_bible, [this](::QuickSearch &search) {
+        return search.run(m_bible, txtQuery->text(), chkWordSearch->isChecked(), ProgramSettings::instance().searchLimit);
+    });
+}
+
+void frmMain::StrongConcordance(const QString &typed)
+{
+    const QString number = StrongConcordance::Normalize(typed);
+    if (number.isEmpty()) {
+        platform::MsgBox(u'"' + typed + QStringLiteral("\" is not a Strong's number. Type H or G and the number, such as H430 or G26."),
+                         vb::vbExclamation);
+        return;
+    }
+    // The open translation when its text carries the numbers, else the first installed one that does.
+    const clsBible *store = &m_bible;
+    QString other;
+    if (!StrongConcordance::CarriesNumbers(m_bible)) {
+        const QString folder = numberedTranslation();
+        if (folder.isEmpty()) {
+            platform::MsgBox(QStringLiteral("None of the installed translations carries Strong's numbers."), vb::vbExclamation);
+            return;
+        }
+        store = m_numbered.get();
+        other = TranslationList::ReadHeader(programFile(folder)).name;
+    }
+    runSearch(*store, [&](::QuickSearch &search) {
+        return StrongConcordance::Run(search, *store, number, ProgramSettings::instance().searchLimit, other);
+    });
+}
+
+QString frmMain::numberedTranslation()
+{
+    for (const InstalledTranslation &t : TranslationList::List(ProgramSettings::instance().programFolder())) {
+        if (t.folder.compare(m_translationFolder, Qt::CaseInsensitive) == 0)
+            continue;
+        auto store = std::make_unique<clsBible>();
+        store->setVersionPath(programFile(t.folder));
+        if (!store->LastReadFailed() && StrongConcordance::CarriesNumbers(*store)) {
+            store->setSeparator(m_bible.Separator());
+            m_numbered = std::move(store);
+            return t.folder;
+        }
+    }
+    return QString();
+}
+
+void frmMain::mnuReferencesConcordance_Click()
+{
+    const QString number = platform::InputBox(QStringLiteral("Enter a Strong's number, such as H430 or G26:"),
+                                              QStringLiteral("Strong's Concordance"), m_lastConcordance, this);
+    if (basStrings::TrimBlanks(number).isEmpty())
+        return;
+    m_lastConcordance = number;
+    StrongConcordance(number);
+}
+
+void frmMain::runSearch(const clsBible &store, const std::function<::QuickSearch::Result(::QuickSearch &)> &scan)
+{
+    // The search lets the window repaint between books; a second start meanwhile is ignored.
+    if (m_searching)
         return;
     m_searching = true;
     SSTab1->setCurrentIndex(0);
@@ -555,7 +636,7 @@ void frmMain::cmdSearch_Click()
     lbltitle->setText(QString());
     txtQuery->setFocus();
     rtfPassage->setText(QString());
-    picProgress->setMaximum(std::max(1, m_bible.BooksCount()));
+    picProgress->setMaximum(std::max(1, store.BooksCount()));
     picProgress->setValue(0);
     picProgress->setVisible(true);
 
@@ -565,8 +646,8 @@ void frmMain::cmdSearch_Click()
         picProgress->setValue(value);
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     };
-    const ::QuickSearch::Result result =
-        search.run(m_bible, txtQuery->text(), chkWordSearch->isChecked(), ProgramSettings::instance().searchLimit);
+    const ::QuickSearch::Result result = scan(search);
+    lbltitle->setText(result.title);
     // The view was emptied before the scan; the results go in at the caret in one insertion.
     if (result.outcome != ::QuickSearch::Outcome::Failed && result.outcome != ::QuickSearch::Outcome::TooMany) {
         rtfPassage->setSelText(result.results.join(QString()));
@@ -740,6 +821,13 @@ void frmMain::closeEvent(QCloseEvent *event)
 
 bool frmMain::eventFilter(QObject *watched, QEvent *event)
 {
+    if (watched == rtfPassage->viewport() && event->type() == QEvent::MouseButtonRelease) {
+        const auto *mouse = static_cast<QMouseEvent *>(event);
+        if (mouse->button() == Qt::RightButton) {
+            rtfPassage_RightClick(mouse->position().toPoint(), mouse->globalPosition().toPoint());
+            return true;
+        }
+    }
     // The reference and keyword boxes select their whole text on focus, so typing replaces it.
     if (event->type() == QEvent::FocusIn) {
         if (auto *edit = qobject_cast<QLineEdit *>(watched))
@@ -899,4 +987,84 @@ void frmMain::cmdColor_Click()
     if (m_noteColors.Show(this))
         rtfNotes->setSelColor(platform::WindowsColorToQColor(m_noteColors.Color()));
     rtfNotes->setFocus();
+}
+
+void frmMain::rtfPassage_RightClick(const QPoint &at, const QPoint &global)
+{
+    // 1. A selection is the word.
+    if (!basStrings::TrimBlanks(rtfPassage->SelText()).isEmpty()) {
+        m_lookupWord = rtfPassage->SelText();
+    } else {
+        // 2. Else the run of word characters around the character clicked: forward with the
+        // view's span, backward a character at a time.
+        const QSignalBlocker still(rtfPassage);
+        rtfPassage->setSelStart(rtfPassage->textPosition(rtfPassage->cursorForPosition(at).position()));
+        rtfPassage->Span(kWordCharacters, true, false);
+        const QString text = rtfPassage->Text();
+        int start = rtfPassage->SelStart();
+        int length = rtfPassage->SelLength();
+        while (start > 0 && start <= text.size() && kWordCharacters.contains(text.at(start - 1))) {
+            --start;
+            ++length;
+        }
+        rtfPassage->setSelStart(start);
+        rtfPassage->setSelLength(length);
+        m_lookupWord = rtfPassage->SelText();
+    }
+    // 3. The caption shows a long word by its two ends.
+    const QString shown = m_lookupWord.size() > 40 ? m_lookupWord.left(20) + QStringLiteral("...") + m_lookupWord.right(20)
+                                                   : m_lookupWord;
+    mnuRightclickWord->setText(u'<' + QString(shown).replace(u'&', QStringLiteral("&&")) + u'>');
+    // 4. The menu at the mouse.
+    mnuRightClick->popup(global);
+}
+
+void frmMain::mnuRightclickCopy_Click()
+{
+    if (rtfPassage->SelLength() > 0) {
+        CSendMessage(rtfPassage).Copy();
+        return;
+    }
+    QGuiApplication::clipboard()->clear();
+    QGuiApplication::clipboard()->setText(m_lookupWord);
+}
+
+void frmMain::mnuRightclickSearch_Click()
+{
+    QuickSearch(basStrings::TrimBlanks(m_lookupWord).toString());
+}
+
+void frmMain::mnuRightclickDicionary_Click()
+{
+    openDictionary(basStrings::TrimBlanks(m_lookupWord).toString());
+}
+
+void frmMain::mnuRichtclickBiblenames_Click()
+{
+    openBibleNames(basStrings::TrimBlanks(m_lookupWord).toString());
+}
+
+void frmMain::mnuRightclickStrongLexicon_Click()
+{
+    openStrongLexicon(m_lookupWord);
+}
+
+void frmMain::mnuRightClickLookupReference_Click()
+{
+    GoToReference(m_lookupWord);
+}
+
+void frmMain::openDictionary(const QString &)
+{
+    platform::MsgBox(QStringLiteral("The dictionary will open here in a coming version of Quillstone."), vb::vbInformation);
+}
+
+void frmMain::openBibleNames(const QString &)
+{
+    platform::MsgBox(QStringLiteral("The Bible names will open here in a coming version of Quillstone."), vb::vbInformation);
+}
+
+void frmMain::openStrongLexicon(const QString &)
+{
+    platform::MsgBox(QStringLiteral("The Strong's lexicon will open here in a coming version of Quillstone."), vb::vbInformation);
 }

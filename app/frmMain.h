@@ -4,11 +4,13 @@
 #include "library/MainWindowLink.h"
 #include "platform/clsCommonColorDialog.h"
 #include "scripture/CommentaryStore.h"
+#include "scripture/QuickSearch.h"
 #include "scripture/clsBible.h"
 
 #include <QMainWindow>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 
 class QAction;
@@ -56,6 +58,8 @@ public:
     void ShowPassage(const QString &rtf, const QString &title) override;
     // Puts a reference into the reference box and fetches it, as "Get it" does.
     void GoToReference(const QString &reference) override;
+    // Lists the verses that carry a Strong's number ("H430", typed in any case, zeros forgiven).
+    void StrongConcordance(const QString &number) override;
 
     // Rebuilds the Bookmarks menu's entries and the shared reference list from "bookmarks.dat".
     void LoadBookmarks();
@@ -98,6 +102,13 @@ public slots:
     void mnuBookmarksAdd_Click();
     void mnuBookmarksOrganize_Click();
     void mnuBookmarksBookmarks_Click(int index);
+    void mnuReferencesConcordance_Click();
+    void mnuRightclickCopy_Click();
+    void mnuRightclickSearch_Click();
+    void mnuRightclickDicionary_Click();
+    void mnuRichtclickBiblenames_Click();
+    void mnuRightclickStrongLexicon_Click();
+    void mnuRightClickLookupReference_Click();
     void mnuReferencesUnits_Click();
     void mnuHelpAbout_Click();
 
@@ -114,6 +125,18 @@ private:
     void checkDataFiles();
     void placeHeader();
     platform::RichTextBox *targetView() const;
+    // Runs a search of the quick search's kind and shows its results as the quick search does.
+    void runSearch(const clsBible &store, const std::function<::QuickSearch::Result(::QuickSearch &)> &scan);
+    // The first installed translation other than the open one whose text carries Strong's
+    // numbers, opened in m_numbered; empty when there is none.
+    QString numberedTranslation();
+    // A right click in the passage: the word under the mouse (or the selection) and the menu.
+    void rtfPassage_RightClick(const QPoint &at, const QPoint &global);
+    // The reference windows, each opened once and brought forward after; the word, when given,
+    // is looked up at once.
+    void openDictionary(const QString &word = QString());
+    void openBibleNames(const QString &word = QString());
+    void openStrongLexicon(const QString &number = QString());
 
     QString tabCaption(int index) const;
     void enterNotes(bool focus);
@@ -132,6 +155,9 @@ private:
 
     clsBible m_bible;
     Bookmarks m_bookmarks;
+    std::unique_ptr<clsBible> m_numbered;
+    QString m_lastConcordance;
+    QString m_lookupWord;
     // Opened on the first visit to the commentary, which reads its book maps.
     std::unique_ptr<CommentaryStore> m_commentary;
     QString m_translationFolder;
@@ -157,6 +183,7 @@ private:
     // The bookmark entries, from 1; index 0 is never a bookmark.
     QList<QAction *> mnuBookmarksBookmarks;
     QMenu *mnuRightClick = nullptr;
+    QAction *mnuRightclickWord = nullptr;
     QComboBox *cmbTestaments = nullptr;
     QListWidget *lstBooks = nullptr;
     QListWidget *lstChapters = nullptr;

@@ -1,0 +1,139 @@
+// Word look-ups from the passage: the right click's word and menu, and the Strong's concordance.
+#include "../support/HookGuards.h"
+#include "../support/ProgramHarness.h"
+#include "../support/TranslationFixture.h"
+#include "platform/MsgBoxAnswerer.h"
+#include "platform/RichTextBox.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace fixture;
+using support::ProgramHarness;
+
+class TestWordLookups : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_dir;
+
+    // Right-clicks the passage just after the given character of the text on display.
+    static void rightClickAt(ProgramHarness &program, const QString &near, int offset)
+    {
+        auto *view = program.control<platform::RichTextBox>("rtfPassage");
+        const int at = int(view->Text().indexOf(near));
+        QVERIFY2(at >= 0, qPrintable(near));
+        QTextCursor cursor(view->document());
+        cursor.setPosition(view->documentPosition(at + offset));
+        QTest::mouseClick(view->viewport(), Qt::RightButton, {}, view->cursorRect(cursor).center());
+    }
+
+    static QString caption(ProgramHarness &program) { return program.control<QAction>("mnuRightclickWord")->text(); }
+
+private slots:
+    void initTestCase()
+    {
+        // A translation tagged with Strong's numbers, and one without them.
+        QList<Book> tagged = wholeBible({{QStringLiteral("Genesis"), false,
+                                          {QStringLiteral("CHAPTER 1"),
+                                           QStringLiteral("1 In the beginning God{H430} created{H1254} the heaven."),
+                                           QStringLiteral("2 And the LORD's spirit moved."), QStringLiteral("CHAPTER 2"),
+                                           QStringLiteral("1 Thus God{H430} finished."), QStringLiteral("CHAPTER 3"),
+                                           QStringLiteral("1 Now the serpent.")}}});
+        makeTranslation(m_dir.path(), QStringLiteral("TAGGED"), tagged, QStringLiteral("Tagged Version"));
+        makeTranslation(m_dir.path(), QStringLiteral("PLAIN"), wholeBible(), QStringLiteral("Plain Version"));
+        writeFile(m_dir.filePath(QStringLiteral("window.ini")), "[load]\r\nautoload=0\r\n");
+        writeFile(m_dir.filePath(QStringLiteral("bookmarks.dat")), "");
+    }
+
+    void rightClickTakesTheWord()
+    {
+        platform::MsgBoxAnswerer answers;
+        ProgramHarness program(m_dir.path());
+        QVERIFY(program.start(QStringLiteral("TAGGED")));
+        program.main()->show();
+        QVERIFY(QTest::qWaitForWindowExposed(program.main()));
+        auto *view = program.control<platform::RichTextBox>("rtfPassage");
+
+        // The apostrophe ends the word.
+        rightClickAt(program, QStringLiteral("LORD's"), 2);
+        QCOMPARE(view->SelText(), QStringLiteral("LORD"));
+        QCOMPARE(caption(program), QStringLiteral("<LORD>"));
+        QVERIFY(program.control<QMenu>("mnuRightClick")->isVisible());
+        program.control<QMenu>("mnuRightClick")->hide();
+
+        // A Strong's number between braces.
+        view->setSelStart(0);
+        rightClickAt(program, QStringLiteral("H430"), 1);
+        QCOMPARE(view->SelText(), QStringLiteral("H430"));
+        program.control<QMenu>("mnuRightClick")->hide();
+
+        // A selection is taken as it is, a long one shown by its two ends.
+        const int start = int(view->Text().indexOf(QStringLiteral("In the beginning")));
+        view->setSelStart(start);
+        view->setSelLength(50);
+        const QString selected = view->SelText();
+        rightClickAt(program, QStringLiteral("beginning"), 3);
+        QCOMPARE(caption(program), u'<' + selected.left(20) + QStringLiteral("...") + selected.right(20) + u'>');
+        program.control<QMenu>("mnuRightClick")->hide();
+
+        // The entries pass the word on.
+        view->setSelStart(0);
+        rightClickAt(program, QStringLiteral("spirit"), 1);
+        program.control<QMenu>("mnuRightClick")->hide();
+        program.control<QAction>("mnuRightclickCopy")->trigger();
+        QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("spirit"));
+        program.control<QAction>("mnuRightclickSearch")->trigger();
+        QCOMPARE(program.control<QLineEdit>("txtQuery")->text(), QStringLiteral("spirit"));
+        QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("Search results for \"spirit\" (1 matches)"));
+        program.main()->GoToReference(QStringLiteral("Gen 2"));
+        rightClickAt(program, QStringLiteral("Thus"), 1);
+        program.control<QMenu>("mnuRightClick")->hide();
+        QCOMPARE(caption(program), QStringLiteral("<Thus>"));
+        program.main()->GoToReference(QStringLiteral("John 1"));
+        view->setSelStart(0);
+        view->setSelLength(0);
+        rightClickAt(program, QStringLiteral("JOHN 1"), 1);
+        program.control<QMenu>("mnuRightClick")->hide();
+        program.control<QAction>("mnuRightClickLookupReference")->trigger();
+        QCOMPARE(program.control<QLineEdit>("txtReference")->text(), QStringLiteral("JOHN"));
+        QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("JOHN 1"));
+    }
+
+    void strongConcordance()
+    {
+        platform::MsgBoxAnswerer answers;
+        ProgramHarness program(m_dir.path());
+        QVERIFY(program.start(QStringLiteral("TAGGED")));
+        auto *title = program.control<QLabel>("lbltitle");
+        {
+            support::InputBoxAnswers typed({QStringLiteral(" h0430 ")});
+            program.control<QAction>("mnuReferencesConcordance")->trigger();
+        }
+        QCOMPARE(title->text(), QStringLiteral("Search results for \"H430\" (2 matches)"));
+        QCOMPARE(program.control<platform::RichTextBox>("rtfPassage")->Text(),
+                 // The first line of a book file is never searched, so its chapter is not known yet.
+                 QStringLiteral("Genesis :1 In the beginning God{H430} created{H1254} the heaven.\r\n\r\n"
+                                "Genesis 2:1 Thus God{H430} finished.\r\n\r\n"));
+        // Not a number: said so, nothing searched.
+        program.main()->StrongConcordance(QStringLiteral("430"));
+        QCOMPARE(answers.count(), 1);
+        QVERIFY(answers.last().prompt.contains(QStringLiteral("is not a Strong's number")));
+
+        // A translation without numbers: the tagged one is searched, and the title says so.
+        program.main()->LoadTranslation(QStringLiteral("PLAIN"));
+        program.main()->StrongConcordance(QStringLiteral("G26"));
+        QCOMPARE(title->text(), QStringLiteral("Search results for \"G26\" in Tagged Version (0 matches)"));
+        program.main()->StrongConcordance(QStringLiteral("H1254"));
+        QCOMPARE(title->text(), QStringLiteral("Search results for \"H1254\" in Tagged Version (1 matches)"));
+    }
+};
+
+QTEST_MAIN(TestWordLookups)
+#include "tst_wordlookups.moc"

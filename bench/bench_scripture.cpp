@@ -8,6 +8,7 @@
 #include "scripture/PassageFormatter.h"
 #include "scripture/QuickSearch.h"
 #include "scripture/ReferenceParser.h"
+#include "scripture/StrongConcordance.h"
 #include "scripture/clsBible.h"
 
 #include <QDir>
@@ -164,6 +165,28 @@ void CommentaryViewText(benchmark::State &state)
         benchmark::DoNotOptimize(commentary.ViewText(readers[++i % 2]));
 }
 BENCHMARK(CommentaryViewText)->Unit(benchmark::kMicrosecond);
+
+// The Strong's concordance of H430 (about 2,600 verses) over a translation tagged with the numbers:
+// QS_BENCH_STRONG_BIBLE names its folder (the imported KJVS); skipped without it.
+void StrongConcordanceH430(benchmark::State &state)
+{
+    const QString folder = qEnvironmentVariable("QS_BENCH_STRONG_BIBLE");
+    if (folder.isEmpty()) {
+        state.SkipWithError("QS_BENCH_STRONG_BIBLE is not set");
+        return;
+    }
+    clsBible tagged;
+    tagged.setVersionPath(folder);
+    int matches = 0;
+    for (auto _ : state) {
+        QuickSearch search;
+        const QuickSearch::Result result = StrongConcordance::Run(search, tagged, QStringLiteral("H430"), 32767);
+        matches = result.matchCount;
+        benchmark::DoNotOptimize(result);
+    }
+    state.counters["matches"] = matches;
+}
+BENCHMARK(StrongConcordanceH430)->Unit(benchmark::kMillisecond);
 
 } // namespace
 

@@ -1,9 +1,8 @@
-// The word lists and the Strong's lexicon as their windows and the command line read them: the
-// line and field rules, the whole-word look-up with its first match, the prefix search, numbers
-// held to the list, and files that are missing, empty or damaged.
+// The readers under the word lists and the Strong's lexicon, on what their windows' tests do not
+// reach: line ends and encodings, fields, an index read only when asked for, entries past the end
+// of the data, and files that are missing, empty or damaged.
 #include "../support/TranslationFixture.h"
 #include "library/DataFileReader.h"
-#include "library/ListSearch.h"
 #include "library/StrongsLexicon.h"
 #include "library/WordList.h"
 
@@ -64,82 +63,6 @@ private slots:
         QVERIFY(!DataFileReader().Open(m_dir.path()));
     }
 
-    void prefixSearch_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("row");
-
-        QTest::newRow("empty matches the first") << QString() << 0;
-        QTest::newRow("case-blind") << QStringLiteral("ab") << 1;
-        QTest::newRow("first match wins") << QStringLiteral("Abe") << 1;
-        QTest::newRow("whole entry") << QStringLiteral("abel") << 1;
-        QTest::newRow("blanks are not trimmed") << QStringLiteral(" abel") << -1;
-        QTest::newRow("longer than every entry") << QStringLiteral("abelmeholah") << -1;
-        QTest::newRow("none") << QStringLiteral("q") << -1;
-    }
-
-    void prefixSearch()
-    {
-        QFETCH(QString, text);
-        QFETCH(int, row);
-        QCOMPARE(ListSearch::FirstPrefixMatch({"Aaron", "ABEL", "abel", "Zion"}, text), row);
-    }
-
-    void lookUp_data()
-    {
-        QTest::addColumn<int>("kind");
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<int>("outcome");
-        QTest::addColumn<QString>("definition");
-        QTest::addColumn<QStringList>("references");
-
-        const int dictionary = int(WordList::Kind::Dictionary);
-        const int names = int(WordList::Kind::Names);
-        QTest::newRow("lower case with blanks")
-            << dictionary << QStringLiteral("  love ") << int(Outcome::Found)
-            << QStringLiteral("LOVE: Affection.") << QStringList{"John 3:16", " 1John 4:8"};
-        QTest::newRow("headword in capitals")
-            << dictionary << QStringLiteral("AARON") << int(Outcome::Found)
-            << QStringLiteral("AARON: Brother of Moses.") << QStringList{"Exodus 4:14"};
-        QTest::newRow("empty reference field")
-            << dictionary << QStringLiteral("babel") << int(Outcome::Found)
-            << QStringLiteral("BABEL: Confusion.") << QStringList();
-        QTest::newRow("the last line")
-            << dictionary << QStringLiteral("Zion") << int(Outcome::Found)
-            << QStringLiteral("ZION: A hill.") << QStringList{"Psalms 2:6"};
-        QTest::newRow("whole field only") << dictionary << QStringLiteral("lov")
-                                          << int(Outcome::NotFound) << QString() << QStringList();
-        QTest::newRow("the header is no entry")
-            << dictionary << QStringLiteral("header") << int(Outcome::NotFound) << QString()
-            << QStringList();
-        QTest::newRow("names: third field never read")
-            << names << QStringLiteral("abel") << int(Outcome::Found)
-            << QStringLiteral("ABEL: Breath.") << QStringList();
-        QTest::newRow("names: missing fields are empty")
-            << names << QStringLiteral("cain") << int(Outcome::Found) << QStringLiteral("CAIN: ")
-            << QStringList();
-    }
-
-    void lookUp()
-    {
-        QFETCH(int, kind);
-        QFETCH(QString, typed);
-        QFETCH(int, outcome);
-        QFETCH(QString, definition);
-        QFETCH(QStringList, references);
-        writeFile(file(QStringLiteral("Dictionary.dat")),
-                  "HEADER|x|y\r\nAaron|Brother of Moses.|Exodus 4:14\r\nBABEL|Confusion.|\r\n"
-                  "LOVE|Affection.|John 3:16; 1John 4:8\r\nlove|Shown never.|Romans 5:5\r\nZION|A "
-                  "hill.|Psalms 2:6");
-        writeFile(file(QStringLiteral("names.dat")),
-                  "Names\r\nAbel|Breath.|Genesis 4:2\r\nCain\r\n");
-        const WordList list(m_dir.path(), WordList::Kind(kind));
-        const WordList::LookUp found = list.Find(typed);
-        QCOMPARE(int(found.outcome), outcome);
-        QCOMPARE(found.definition, definition);
-        QCOMPARE(found.references, references);
-    }
-
     // Whatever a data file holds, the list and a look-up end with an answer.
     void damagedWordLists_data()
     {
@@ -176,43 +99,6 @@ private slots:
         const std::optional<QStringList> words = list.Headwords();
         QCOMPARE(words ? int(words->size()) : -1, headwords);
         QCOMPARE(int(list.Find(typed).outcome), outcome);
-    }
-
-    void headwordsInFileOrder()
-    {
-        writeFile(file(QStringLiteral("names.dat")),
-                  "x|y\r\nZoar|a\r\nabel|b|c\r\n|empty\r\nAbel\r\n");
-        QCOMPARE(WordList(m_dir.path(), WordList::Kind::Names).Headwords(),
-                 std::optional<QStringList>({"Zoar", "abel", "", "Abel"}));
-    }
-
-    void strongsChoice_data()
-    {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<int>("number");
-        QTest::addColumn<bool>("typedNumber");
-
-        QTest::newRow("1 is the first entry") << QStringLiteral("1") << 1 << true;
-        QTest::newRow("past the end is the last") << QStringLiteral("90") << 5 << true;
-        QTest::newRow("too large for 16 bits") << QStringLiteral("999999") << 5 << true;
-        QTest::newRow("leading number of a text") << QStringLiteral(" 3rd") << 3 << true;
-        QTest::newRow("0 is a word") << QStringLiteral("0") << 0 << false;
-        QTest::newRow("a word by its beginning") << QStringLiteral("ABA") << 3 << false;
-        QTest::newRow("first of equal entries") << QStringLiteral("ab") << 1 << false;
-        QTest::newRow("a word with digits after letters") << QStringLiteral("el2") << 0 << false;
-        QTest::newRow("nothing typed is the first entry") << QString() << 1 << false;
-    }
-
-    void strongsChoice()
-    {
-        QFETCH(QString, typed);
-        QFETCH(int, number);
-        QFETCH(bool, typedNumber);
-        writeFile(file(QStringLiteral("strong/hebrew.idx")), "ab\r\nab\r\nabad\r\nEl\r\nzayin\r\n");
-        StrongsLexicon lexicon(m_dir.path());
-        const StrongsLexicon::Choice choice = lexicon.Choose(Language::Hebrew, typed);
-        QCOMPARE(choice.number, number);
-        QCOMPARE(choice.typedNumber, typedNumber);
     }
 
     void strongsEntries()

@@ -216,6 +216,65 @@ private slots:
                                    "title.forecolor=buttontext\ntitle.backcolor=buttonface\nrightclickcolor=#563412\n"));
     }
 
+    void wordStudy_data()
+    {
+        QTest::addColumn<QStringList>("args");
+        QTest::addColumn<int>("status");
+        QTest::addColumn<QByteArray>("out");
+
+        QTest::newRow("dictionary") << QStringList{"dictionary", " love "} << 0
+                                    << QByteArray("LOVE: Affection.\nJohn 3:16\n 1John 4:8\n");
+        QTest::newRow("dictionary, no references")
+            << QStringList{"dictionary", "babel"} << 0 << QByteArray("BABEL: Confusion.\n");
+        QTest::newRow("dictionary, not there")
+            << QStringList{"dictionary", "lov"} << 1 << QByteArray("Not Found\n");
+        QTest::newRow("names") << QStringList{"names", "ABEL"} << 0
+                               << QByteArray("ABEL: Breath.\n");
+        QTest::newRow("names, not there")
+            << QStringList{"names", "Enoch"} << 1 << QByteArray("Not Found!\n");
+        QTest::newRow("strong H") << QStringList{"strong", "H2"} << 0
+                                  << QByteArray("2 - word2 (p2) : meaning 2\n");
+        QTest::newRow("strong G past the end")
+            << QStringList{"strong", "G26"} << 0 << QByteArray("1 - agape (ag-ah'-pay) : love\n");
+        QTest::newRow("strong word") << QStringList{"strong", "--hebrew", "AB"} << 0
+                                     << QByteArray("3 - word3 (p3) : meaning 3\n");
+        QTest::newRow("strong, no such word")
+            << QStringList{"strong", "--greek", "zz"} << 1 << QByteArray();
+        QTest::newRow("strong without a number") << QStringList{"strong"} << 64 << QByteArray();
+        QTest::newRow("dictionary without a word")
+            << QStringList{"dictionary"} << 64 << QByteArray();
+    }
+
+    void wordStudy()
+    {
+        QFETCH(QStringList, args);
+        QFETCH(int, status);
+        QFETCH(QByteArray, out);
+        writeFile(m_dir.path() + QStringLiteral("/Dictionary.dat"),
+                  "header\r\nBABEL|Confusion.|\r\nLOVE|Affection.|John 3:16; 1John 4:8\r\n");
+        writeFile(m_dir.path() + QStringLiteral("/names.dat"), "header\r\nAbel|Breath.|x\r\n");
+        writeFile(m_dir.path() + QStringLiteral("/strong/hebrew.idx"), "x\r\ny\r\nab\r\n");
+        writeFile(m_dir.path() + QStringLiteral("/strong/hebrew.dat"),
+                  "H1|word1|p1|meaning 1\r\nH2|word2|p2|meaning 2\r\nH3|word3|p3|meaning 3\r\n");
+        writeFile(m_dir.path() + QStringLiteral("/strong/greek.idx"), "agape\r\n");
+        writeFile(m_dir.path() + QStringLiteral("/strong/greek.dat"),
+                  "G1|agape|ag-ah'-pay|love\r\n");
+        const Run r = cli(args);
+        QCOMPARE(r.status, status);
+        QCOMPARE(r.out, out);
+    }
+
+    void wordStudyFilesMissing()
+    {
+        QTemporaryDir empty;
+        for (const QStringList &args :
+             {QStringList{"dictionary", "love"}, QStringList{"strong", "H1"}}) {
+            const Run r = cli(args, empty.path());
+            QCOMPARE(r.status, 66);
+            QVERIFY2(r.err.contains(" is missing.  Feature will be disabled."), r.err.constData());
+        }
+    }
+
     void checking()
     {
         Run r = cli({QStringLiteral("check"), QStringLiteral("AAA")});

@@ -3,6 +3,7 @@
 #include "BookmarksCommand.h"
 #include "CliOutput.h"
 #include "SettingsCommand.h"
+#include "WordStudyCommand.h"
 #include "platform/FileSystem.h"
 #include "platform/MsgBox.h"
 #include "platform/TextCodec.h"
@@ -44,6 +45,10 @@ int usage()
         "  bookmarks                         name, reference and standard reference of every bookmark\n"
         "  bookmarks add NAME REFERENCE      add a bookmark as the Add Bookmark window does\n"
         "  settings                          the general options and the look, as key=value lines\n"
+        "  dictionary WORD                   the dictionary's definition of a word, then its references\n"
+        "  names NAME                        the meaning of a Bible name\n"
+        "  strong H430|G26                   the Strong's lexicon entry of a number\n"
+        "  strong --hebrew|--greek TEXT      the lexicon entry of a number or of a word's beginning\n"
         "PROGRAM_FOLDER defaults to $QUILLSTONE_DIR, else the folder of this program."));
     return Usage;
 }
@@ -163,6 +168,19 @@ int notesCommand(clsBible &bible, const QString &folder, QStringList args)
     return Ok;
 }
 
+// "strong H430" as the passage hands a number over, or "strong --hebrew|--greek TEXT" as typed
+// into a tab's word box.
+int strongCommand(const QString &folder, const QStringList &args)
+{
+    if (args.size() == 1 && !args.first().startsWith(QStringLiteral("--")))
+        return StrongCommand(folder, StrongsLexicon::FromNumber(args.first()));
+    if (args.size() == 2 && (args.first() == u"--hebrew" || args.first() == u"--greek"))
+        return StrongCommand(folder, {args.first() == u"--hebrew" ? StrongsLexicon::Language::Hebrew
+                                                                  : StrongsLexicon::Language::Greek,
+                                      args.at(1)});
+    return usage();
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -193,6 +211,14 @@ int main(int argc, char **argv)
         return args.isEmpty() ? SettingsCommand(folder) : usage();
     if (command == u"bookmarks" && !args.isEmpty())
         return args.size() == 3 && args.first() == u"add" ? AddBookmark(folder, args.at(1), args.at(2)) : usage();
+    if (command == u"dictionary" || command == u"names") {
+        if (args.size() != 1)
+            return usage();
+        return command == u"dictionary" ? DictionaryCommand(folder, args.first())
+                                        : NamesCommand(folder, args.first());
+    }
+    if (command == u"strong")
+        return strongCommand(folder, args);
 
     if (translation.isEmpty())
         translation = defaultTranslation(folder);

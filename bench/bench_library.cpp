@@ -1,0 +1,154 @@
+// The reference library on the imported program folder: looking a word up in the dictionary and
+// the names list, a Strong's entry by its number, and opening each window with its list filled and
+// painted. Every look-up reads its file afresh, as the windows do.
+#include "library/MainWindowLink.h"
+#include "library/StrongsLexicon.h"
+#include "library/WordList.h"
+#include "library/frmBibleNames.h"
+#include "library/frmDictionary.h"
+#include "library/frmStrongLexicon.h"
+#include "platform/MsgBox.h"
+#include "scripture/clsBible.h"
+#include "settings/ProgramSettings.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QPixmap>
+#include <QTemporaryDir>
+#include <benchmark/benchmark.h>
+
+namespace {
+
+// The imported program folder (QS_BENCH_PROGRAM, else the build's).
+QString importedFolder()
+{
+    const QString source = qEnvironmentVariable("QS_BENCH_PROGRAM");
+    return source.isEmpty() ? QStringLiteral(QS_PROGRAM_DIR) : source;
+}
+
+// A copy of the imported word lists and lexicon with a settings file of its own, so that the
+// windows' places are never written into the user's.
+QString windowFolder()
+{
+    static QTemporaryDir dir;
+    static const QString folder = [] {
+        const QString source = importedFolder();
+        QDir().mkpath(dir.filePath(QStringLiteral("strong")));
+        for (const QString &name :
+             {QStringLiteral("Dictionary.dat"), QStringLiteral("names.dat"),
+              QStringLiteral("display.cfg"), QStringLiteral("strong/hebrew.idx"),
+              QStringLiteral("strong/hebrew.dat"), QStringLiteral("strong/greek.idx"),
+              QStringLiteral("strong/greek.dat")})
+            QFile::copy(source + u'/' + name, dir.filePath(name));
+        QFile ini(dir.filePath(QStringLiteral("window.ini")));
+        if (ini.open(QIODevice::WriteOnly))
+            ini.write("[]\r\nrememberwindowsetting=0\r\n[strong]\r\ntab=0\r\n");
+        return dir.path();
+    }();
+    return folder;
+}
+
+class NoMainWindow : public MainWindowLink
+{
+public:
+    void GoToReference(const QString &) override {}
+    void ShowPassage(const QString &, const QString &) override {}
+    clsBible &Bible() override { return m_bible; }
+    void StrongConcordance(const QString &) override {}
+
+private:
+    clsBible m_bible;
+};
+
+void lookUpLast(benchmark::State &state, WordList::Kind kind)
+{
+    const WordList list(importedFolder(), kind);
+    const QString last = list.Headwords().value_or(QStringList{QString()}).constLast();
+    for (auto _ : state) {
+        const WordList::LookUp found = list.Find(last);
+        if (found.outcome != WordList::Outcome::Found)
+            state.SkipWithError("the last headword was not found");
+        benchmark::DoNotOptimize(found);
+    }
+    state.SetLabel(last.toStdString());
+}
+
+void DictionaryLookUpLastWord(benchmark::State &state)
+{
+    lookUpLast(state, WordList::Kind::Dictionary);
+}
+BENCHMARK(DictionaryLookUpLastWord)->Unit(benchmark::kMillisecond);
+
+void NamesLookUpLastName(benchmark::State &state)
+{
+    lookUpLast(state, WordList::Kind::Names);
+}
+BENCHMARK(NamesLookUpLastName)->Unit(benchmark::kMillisecond);
+
+// The last entry: the data file is read line by line up to it.
+void StrongsEntryByNumber(benchmark::State &state)
+{
+    StrongsLexicon lexicon(importedFolder());
+    const auto language = StrongsLexicon::Language(state.range(0));
+    const int last = int(lexicon.Index(language).size());
+    for (auto _ : state) {
+        const StrongsLexicon::Entry entry =
+            lexicon.Show(language, lexicon.Choose(language, QString::number(last)).number);
+        if (entry.outcome != StrongsLexicon::Outcome::Found)
+            state.SkipWithError("the last entry was not found");
+        benchmark::DoNotOptimize(entry);
+    }
+    state.SetLabel(std::to_string(last));
+}
+BENCHMARK(StrongsEntryByNumber)->Arg(0)->Arg(1)->ArgName("greek")->Unit(benchmark::kMillisecond);
+
+// Constructed (list read and filled, place and look applied), shown and painted, then closed.
+template <typename Window> void openWindow(benchmark::State &state)
+{
+    ProgramSettings::instance().setProgramFolder(windowFolder());
+    NoMainWindow main;
+    for (auto _ : state) {
+        auto *window = new Window(main, nullptr);
+        window->show();
+        QApplication::processEvents();
+        benchmark::DoNotOptimize(window->grab());
+        state.PauseTiming();
+        window->close();
+        delete window;
+        QApplication::processEvents();
+        state.ResumeTiming();
+    }
+}
+
+void OpenDictionary(benchmark::State &state)
+{
+    openWindow<frmDictionary>(state);
+}
+BENCHMARK(OpenDictionary)->Unit(benchmark::kMillisecond);
+
+void OpenBibleNames(benchmark::State &state)
+{
+    openWindow<frmBibleNames>(state);
+}
+BENCHMARK(OpenBibleNames)->Unit(benchmark::kMillisecond);
+
+void OpenStrongLexicon(benchmark::State &state)
+{
+    openWindow<frmStrongLexicon>(state);
+}
+BENCHMARK(OpenStrongLexicon)->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    platform::setMsgBoxHandler(
+        [](const QString &, int b, const QString &) { return platform::DefaultAnswer(b); });
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}

@@ -3,6 +3,9 @@
 #include "bookmarks/frmAddBookmark.h"
 #include "bookmarks/frmOrganizeBookmarks.h"
 #include "library/DataFiles.h"
+#include "library/frmBibleNames.h"
+#include "library/frmDictionary.h"
+#include "library/frmStrongLexicon.h"
 #include "platform/CSendMessage.h"
 #include "platform/InputBox.h"
 #include "platform/MsgBox.h"
@@ -991,14 +994,17 @@ void frmMain::cmdColor_Click()
 
 void frmMain::rtfPassage_RightClick(const QPoint &at, const QPoint &global)
 {
-    // 1. A selection is the word.
-    if (!basStrings::TrimBlanks(rtfPassage->SelText()).isEmpty()) {
+    // 1. A selection is the word, when the click is on it; a click elsewhere means the word there,
+    // or a word selected by the last look-up would be taken again and again.
+    const int clicked = rtfPassage->textPosition(rtfPassage->cursorForPosition(at).position());
+    const bool onSelection = clicked >= rtfPassage->SelStart() && clicked <= rtfPassage->SelStart() + rtfPassage->SelLength();
+    if (onSelection && !basStrings::TrimBlanks(rtfPassage->SelText()).isEmpty()) {
         m_lookupWord = rtfPassage->SelText();
     } else {
         // 2. Else the run of word characters around the character clicked: forward with the
         // view's span, backward a character at a time.
         const QSignalBlocker still(rtfPassage);
-        rtfPassage->setSelStart(rtfPassage->textPosition(rtfPassage->cursorForPosition(at).position()));
+        rtfPassage->setSelStart(clicked);
         rtfPassage->Span(kWordCharacters, true, false);
         const QString text = rtfPassage->Text();
         int start = rtfPassage->SelStart();
@@ -1054,17 +1060,23 @@ void frmMain::mnuRightClickLookupReference_Click()
     GoToReference(m_lookupWord);
 }
 
-void frmMain::openDictionary(const QString &)
+void frmMain::openDictionary(const QString &word)
 {
-    platform::MsgBox(QStringLiteral("The dictionary will open here in a coming version of Quillstone."), vb::vbInformation);
+    frmDictionary *window = m_dictionary.open([this] { return new frmDictionary(*this, this); });
+    if (window && !word.isEmpty())
+        window->FindWord(word);
 }
 
-void frmMain::openBibleNames(const QString &)
+void frmMain::openBibleNames(const QString &word)
 {
-    platform::MsgBox(QStringLiteral("The Bible names will open here in a coming version of Quillstone."), vb::vbInformation);
+    frmBibleNames *window = m_bibleNames.open([this] { return new frmBibleNames(*this, this); });
+    if (window && !word.isEmpty())
+        window->FindWord(word);
 }
 
-void frmMain::openStrongLexicon(const QString &)
+void frmMain::openStrongLexicon(const QString &number)
 {
-    platform::MsgBox(QStringLiteral("The Strong's lexicon will open here in a coming version of Quillstone."), vb::vbInformation);
+    frmStrongLexicon *window = m_strongLexicon.open([this] { return new frmStrongLexicon(*this, this); });
+    if (window && !number.isEmpty())
+        window->ShowNumber(number);
 }

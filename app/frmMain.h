@@ -2,6 +2,7 @@
 
 #include "bookmarks/Bookmarks.h"
 #include "library/MainWindowLink.h"
+#include "library/ToolWindowSlot.h"
 #include "platform/clsCommonColorDialog.h"
 #include "scripture/CommentaryStore.h"
 #include "scripture/QuickSearch.h"
@@ -27,6 +28,9 @@ class QSplitter;
 class QTabWidget;
 class QWidget;
 class WindowPlacement;
+class frmBibleNames;
+class frmDictionary;
+class frmStrongLexicon;
 namespace platform {
 class RichTextBox;
 }
@@ -158,6 +162,9 @@ private:
     std::unique_ptr<clsBible> m_numbered;
     QString m_lastConcordance;
     QString m_lookupWord;
+    ToolWindowSlot<frmDictionary> m_dictionary;
+    ToolWindowSlot<frmBibleNames> m_bibleNames;
+    ToolWindowSlot<frmStrongLexicon> m_strongLexicon;
     // Opened on the first visit to the commentary, which reads its book maps.
     std::unique_ptr<CommentaryStore> m_commentary;
     QString m_translationFolder;

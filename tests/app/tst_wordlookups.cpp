@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QTemporaryDir>
+#include <QPlainTextEdit>
 #include <QTest>
 
 using namespace fixture;
@@ -50,6 +51,54 @@ private slots:
         makeTranslation(m_dir.path(), QStringLiteral("PLAIN"), wholeBible(), QStringLiteral("Plain Version"));
         writeFile(m_dir.filePath(QStringLiteral("window.ini")), "[load]\r\nautoload=0\r\n");
         writeFile(m_dir.filePath(QStringLiteral("bookmarks.dat")), "");
+        writeFile(m_dir.filePath(QStringLiteral("Dictionary.dat")),
+                  "header\r\nGOD|The supreme being.|Gen 1:1;John 1:1\r\nSPIRIT|Breath, wind.|Gen 1:2\r\n");
+        writeFile(m_dir.filePath(QStringLiteral("names.dat")), "header\r\nAdam|Earthy; red\r\n");
+        QStringList hebrew, hebrewIndex;
+        for (int n = 1; n <= 500; ++n) {
+            hebrewIndex << QStringLiteral("word%1").arg(n);
+            hebrew << QStringLiteral("H%1|word%1|wurd|meaning %1").arg(n);
+        }
+        writeFile(m_dir.filePath(QStringLiteral("strong/hebrew.idx")), crlf(hebrewIndex));
+        writeFile(m_dir.filePath(QStringLiteral("strong/hebrew.dat")), crlf(hebrew));
+        writeFile(m_dir.filePath(QStringLiteral("strong/greek.idx")), "agape\r\n");
+        writeFile(m_dir.filePath(QStringLiteral("strong/greek.dat")), "G1|agape|ag-ah'-pay|love\r\n");
+    }
+
+    void lookupsOpenTheirWindowsOnce()
+    {
+        platform::MsgBoxAnswerer answers;
+        ProgramHarness program(m_dir.path());
+        QVERIFY(program.start(QStringLiteral("TAGGED")));
+        program.main()->show();
+        QVERIFY(QTest::qWaitForWindowExposed(program.main()));
+        auto *menu = program.control<QMenu>("mnuRightClick");
+
+        rightClickAt(program, QStringLiteral("spirit"), 2);
+        menu->hide();
+        program.control<QAction>("mnuRightclickDictionary")->trigger();
+        auto *dictionary = program.main()->findChild<QWidget *>(QStringLiteral("frmDictionary"));
+        QVERIFY(dictionary && dictionary->isVisible());
+        QCOMPARE(dictionary->findChild<QPlainTextEdit *>(QStringLiteral("txtDefinition"))->toPlainText(),
+                 QStringLiteral("SPIRIT: Breath, wind."));
+        // A second look-up uses the same window.
+        rightClickAt(program, QStringLiteral("beginning God"), 11);
+        menu->hide();
+        program.control<QAction>("mnuRightclickDictionary")->trigger();
+        QCOMPARE(program.main()->findChildren<QWidget *>(QStringLiteral("frmDictionary")).size(), 1);
+        QCOMPARE(dictionary->findChild<QPlainTextEdit *>(QStringLiteral("txtDefinition"))->toPlainText(),
+                 QStringLiteral("GOD: The supreme being."));
+
+        // A Strong's number opens the lexicon on the Hebrew tab with the number.
+        rightClickAt(program, QStringLiteral("H430"), 1);
+        menu->hide();
+        program.control<QAction>("mnuRightclickStrongLexicon")->trigger();
+        auto *lexicon = program.main()->findChild<QWidget *>(QStringLiteral("frmStrongLexicon"));
+        QVERIFY(lexicon && lexicon->isVisible());
+        QCOMPARE(lexicon->findChild<QLineEdit *>(QStringLiteral("txtHebrewWord"))->text(), QStringLiteral("430"));
+        QVERIFY(lexicon->findChild<QPlainTextEdit *>(QStringLiteral("txtHebrewDefinition"))
+                    ->toPlainText().startsWith(QStringLiteral("430 - word430 (wurd) : meaning 430")));
+        QCOMPARE(answers.count(), 0);
     }
 
     void rightClickTakesTheWord()

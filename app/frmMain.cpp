@@ -341,7 +341,7 @@ void frmMain::buildMenus()
     references->addSeparator();
     references->addAction(QStringLiteral("Bible &Names"), this, [this] { openBibleNames(); })
         ->setObjectName(QStringLiteral("mnuReferencesNames"));
-    QAction *concordance = references->addAction(QStringLiteral("Strong's &Concordance..."), this,
+    QAction *concordance = references->addAction(QStringLiteral("Strong's &Concordance"), this,
                                                   &frmMain::mnuReferencesConcordance_Click);
     concordance->setObjectName(QStringLiteral("mnuReferencesConcordance"));
     QAction *units = references->addAction(QStringLiteral("&Units Table"), this, &frmMain::mnuReferencesUnits_Click);
@@ -604,18 +604,13 @@ void frmMain::StrongConcordance(const QString &typed)
 
 QString frmMain::numberedTranslation()
 {
-    for (const InstalledTranslation &t : TranslationList::List(ProgramSettings::instance().programFolder())) {
-        if (t.folder.compare(m_translationFolder, Qt::CaseInsensitive) == 0)
-            continue;
-        auto store = std::make_unique<clsBible>();
-        store->setVersionPath(programFile(t.folder));
-        if (!store->LastReadFailed() && StrongConcordance::CarriesNumbers(*store)) {
-            store->setSeparator(m_bible.Separator());
-            m_numbered = std::move(store);
-            return t.folder;
-        }
-    }
-    return QString();
+    const QString folder = StrongConcordance::TaggedTranslation(ProgramSettings::instance().programFolder(), m_translationFolder);
+    if (folder.isEmpty())
+        return folder;
+    m_numbered = std::make_unique<clsBible>();
+    m_numbered->setVersionPath(programFile(folder));
+    m_numbered->setSeparator(m_bible.Separator());
+    return folder;
 }
 
 void frmMain::mnuReferencesConcordance_Click()

@@ -2,6 +2,7 @@
 
 #include "scripture/BookFiles.h"
 #include "scripture/basStrings.h"
+#include "scripture/TranslationList.h"
 #include "scripture/clsBible.h"
 
 namespace StrongConcordance {
@@ -36,6 +37,19 @@ bool CarriesNumbers(const clsBible &store)
         }
     }
     return false;
+}
+
+QString TaggedTranslation(const QString &programFolder, const QString &except)
+{
+    for (const InstalledTranslation &t : TranslationList::List(programFolder)) {
+        if (t.folder.compare(except, Qt::CaseInsensitive) == 0)
+            continue;
+        clsBible store;
+        store.setVersionPath(basStrings::JoinPath(programFolder, t.folder));
+        if (!store.LastReadFailed() && CarriesNumbers(store))
+            return t.folder;
+    }
+    return QString();
 }
 
 QuickSearch::Result Run(QuickSearch &search, const clsBible &store, const QString &number, int limit,

@@ -19,6 +19,10 @@ QString Normalize(const QString &typed);
 // looked at).
 bool CarriesNumbers(const clsBible &store);
 
+// The first installed translation of the program folder, other than the one named, whose text
+// carries Strong's numbers; empty when there is none.
+QString TaggedTranslation(const QString &programFolder, const QString &except = QString());
+
 // Runs the search for a normalized number. otherTranslation names the translation searched when
 // it is not the one the reader has open; the final title then says so.
 QuickSearch::Result Run(QuickSearch &search, const clsBible &store, const QString &number, int limit,

@@ -111,6 +111,15 @@ private slots:
 
         r = cli({QStringLiteral("--translation"), QStringLiteral("AAA"), QStringLiteral("search"), QStringLiteral("--word"), QStringLiteral("lov")});
         QCOMPARE(r.out, QByteArray("Search results for \"lov\" (0 matches)\n"));
+
+        // The concordance searches the translation that carries the numbers and says which; like the
+        // quick search it passes over a book's first line, so John's verse keeps Genesis' last chapter.
+        r = cli({QStringLiteral("concordance"), QStringLiteral("g026")});
+        QCOMPARE(r.status, 0);
+        QCOMPARE(r.out, QByteArray("John 2:1 God [is] love{G26}\r\n\r\nSearch results for \"G26\" in First (1 matches)\n"));
+        r = cli({QStringLiteral("concordance"), QStringLiteral("26")});
+        QCOMPARE(r.status, 1);
+        QVERIFY(r.err.contains("is not a Strong's number"));
     }
 
     void notesAndCommentary()

@@ -11,6 +11,7 @@
 #include "scripture/NotesStore.h"
 #include "scripture/PassageFormatter.h"
 #include "scripture/QuickSearch.h"
+#include "scripture/StrongConcordance.h"
 #include "scripture/TranslationCheck.h"
 #include "scripture/TranslationList.h"
 #include "scripture/basStrings.h"
@@ -38,6 +39,7 @@ int usage()
         "  rtf REFERENCE                     the passage as a rich-text document\n"
         "  books                             number, name and chapter count of every book\n"
         "  search [--word] [--limit N] QUERY the quick keyword search over the translation\n"
+        "  concordance [--limit N] NUMBER    every verse carrying a Strong's number (H430, G26)\n"
         "  check FOLDER                      check a translation folder for problems\n"
         "  notes REFERENCE                   the notes kept for the reference's chapter (rich text)\n"
         "  notes --set FILE REFERENCE        keep FILE (rich or plain text) as that chapter's notes\n"
@@ -71,7 +73,9 @@ QString defaultTranslation(const QString &folder)
     return installed.isEmpty() ? QString() : installed.first().folder;
 }
 
-int searchCommand(const clsBible &bible, const QString &folder, QStringList args)
+// The quick search, or with concordance the Strong's concordance of a number; both print their
+// results, then the title line.
+int searchCommand(const clsBible &bible, const QString &folder, QStringList args, bool concordance = false)
 {
     bool wholeWord = false;
     GeneralSettings general;
@@ -79,7 +83,7 @@ int searchCommand(const clsBible &bible, const QString &folder, QStringList args
     int limit = general.maxSearchResults;
     while (!args.isEmpty() && args.first().startsWith(QStringLiteral("--"))) {
         const QString option = args.takeFirst();
-        if (option == u"--word") {
+        if (option == u"--word" && !concordance) {
             wholeWord = true;
         } else if (option == u"--limit" && !args.isEmpty()) {
             bool ok = false;
@@ -95,7 +99,30 @@ int searchCommand(const clsBible &bible, const QString &folder, QStringList args
     if (args.size() != 1)
         return usage();
     QuickSearch search;
-    const QuickSearch::Result result = search.run(bible, args.first(), wholeWord, limit);
+    QuickSearch::Result result;
+    if (!concordance) {
+        result = search.run(bible, args.first(), wholeWord, limit);
+    } else {
+        const QString number = StrongConcordance::Normalize(args.first());
+        if (number.isEmpty()) {
+            err(u'"' + args.first() + QStringLiteral("\" is not a Strong's number. Type H or G and the number, such as H430 or G26."));
+            return Problems;
+        }
+        // The translation asked for when it carries the numbers, else the installed one that does.
+        if (StrongConcordance::CarriesNumbers(bible)) {
+            result = StrongConcordance::Run(search, bible, number, limit);
+        } else {
+            const QString tagged = StrongConcordance::TaggedTranslation(folder);
+            if (tagged.isEmpty()) {
+                err(QStringLiteral("None of the installed translations carries Strong's numbers."));
+                return NoInput;
+            }
+            clsBible other;
+            other.setVersionPath(ProgramFile(folder, tagged));
+            result = StrongConcordance::Run(search, other, number, limit,
+                                            TranslationList::ReadHeader(ProgramFile(folder, tagged)).name);
+        }
+    }
     for (const QString &text : result.results)
         out(text);
     if (!result.failureMessage.isEmpty())
@@ -245,6 +272,8 @@ int main(int argc, char **argv)
     }
     if (command == u"search")
         return searchCommand(bible, folder, args);
+    if (command == u"concordance")
+        return searchCommand(bible, folder, args, true);
     if (command == u"bookmarks")
         return ListBookmarks(bible, folder);
     if (command == u"notes")

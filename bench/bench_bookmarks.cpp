@@ -98,14 +98,3 @@ void OpenMenuOf5000(benchmark::State &state)
 BENCHMARK(OpenMenuOf5000)->Unit(benchmark::kMillisecond);
 
 } // namespace
-
-int main(int argc, char **argv)
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    platform::setMsgBoxHandler([](const QString &, int b, const QString &) { return platform::DefaultAnswer(b); });
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}

@@ -140,15 +140,3 @@ void OpenStrongLexicon(benchmark::State &state)
 BENCHMARK(OpenStrongLexicon)->Unit(benchmark::kMillisecond);
 
 } // namespace
-
-int main(int argc, char **argv)
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    platform::setMsgBoxHandler(
-        [](const QString &, int b, const QString &) { return platform::DefaultAnswer(b); });
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}

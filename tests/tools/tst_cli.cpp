@@ -1,6 +1,7 @@
 // The command-line front end as scripts use it: its output bytes, exit statuses and defaults.
 #include "../support/TranslationFixture.h"
 
+#include <QDir>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
@@ -282,6 +283,85 @@ private slots:
             QCOMPARE(r.status, 66);
             QVERIFY2(r.err.contains(" is missing.  Feature will be disabled."), r.err.constData());
         }
+    }
+
+    void referenceLists_data()
+    {
+        QTest::addColumn<QStringList>("args");
+        QTest::addColumn<int>("status");
+        QTest::addColumn<QByteArray>("out");
+
+        QTest::newRow("topics, two words in any order")
+            << QStringList{"topics", "christ ABIDING"} << 0
+            << QByteArray("Abiding in Christ\nChrist, abiding in\n");
+        QTest::newRow("topics, inside a longer word")
+            << QStringList{"topics", "love"} << 0 << QByteArray("Love\nGod's Loveliness\n");
+        QTest::newRow("topics, none") << QStringList{"topics", "zz"} << 1 << QByteArray();
+        QTest::newRow("stories") << QStringList{"stories", "ark"} << 0 << QByteArray("Noah's Ark\n");
+        QTest::newRow("parallels, all four gospels")
+            << QStringList{"parallels", "miracles", "feeding the five thousand"} << 0
+            << QByteArray("Matt 14:13-21\nMark 6:30-44\nLuke 9:10-17\nJohn 6:1-14\n");
+        QTest::newRow("parallels, only Luke")
+            << QStringList{"parallels", "miracles", " Widow's son raised "} << 0
+            << QByteArray("\n\nLuke 7:11-17\n\n");
+        QTest::newRow("parallels, parables")
+            << QStringList{"parallels", "parables", "Sower"} << 0
+            << QByteArray("Matt 13:3-9\nMark 4:3-9\nLuke 8:5-8\n\n");
+        QTest::newRow("parallels, not there")
+            << QStringList{"parallels", "parables", "Feeding the five thousand"} << 1 << QByteArray();
+        QTest::newRow("parallels, no such list")
+            << QStringList{"parallels", "psalms", "Sower"} << 64 << QByteArray();
+        QTest::newRow("prophecy") << QStringList{"prophecy", "born of a virgin"} << 0
+                                  << QByteArray("Isaiah 7:14\nMatt 1:18-25\n");
+        QTest::newRow("prophecy, not there") << QStringList{"prophecy", "born"} << 1 << QByteArray();
+        QTest::newRow("topics without a query") << QStringList{"topics"} << 64 << QByteArray();
+    }
+
+    void referenceLists()
+    {
+        QFETCH(QStringList, args);
+        QFETCH(int, status);
+        QFETCH(QByteArray, out);
+        writeFile(m_dir.path() + QStringLiteral("/topics.dat"),
+                  "Topic|References\r\nAbiding in Christ|John 15:4\r\nLove|1Cor 13:4\r\n"
+                  "God's Loveliness|Ps 27:4\r\nChrist, abiding in|1John 2:28\r\n");
+        writeFile(m_dir.path() + QStringLiteral("/stories.dat"),
+                  "Story|References\r\nNoah's Ark|Gen 6:9-22;Gen 7\r\nCreation|Gen 1\r\n");
+        writeFile(m_dir.path() + QStringLiteral("/miracles.dat"),
+                  "Miracles of Jesus\r\n"
+                  "Feeding the five thousand|Matt 14:13-21|Mark 6:30-44|Luke 9:10-17|John 6:1-14\r\n"
+                  "Widow's son raised|||Luke 7:11-17|\r\n");
+        writeFile(m_dir.path() + QStringLiteral("/parables.dat"),
+                  "Parables of Jesus\r\nSower|Matt 13:3-9|Mark 4:3-9|Luke 8:5-8|\r\n");
+        writeFile(m_dir.path() + QStringLiteral("/prophecy.dat"),
+                  "Prophecy|Old|New\r\nBorn of a virgin|Isaiah 7:14|Matt 1:18-25\r\n");
+        const Run r = cli(args);
+        QCOMPARE(r.status, status);
+        QCOMPARE(r.out, out);
+    }
+
+    void referenceListsMissing_data()
+    {
+        QTest::addColumn<QStringList>("args");
+        QTest::addColumn<QByteArray>("named");
+
+        QTest::newRow("topics") << QStringList{"topics", "love"} << QByteArray("'topics.dat' is missing.");
+        QTest::newRow("stories") << QStringList{"stories", "ark"} << QByteArray("'stories.dat' is missing.");
+        QTest::newRow("prophecy") << QStringList{"prophecy", "x"} << QByteArray("'prophecy.dat' is missing.");
+        QTest::newRow("miracles, by path")
+            << QStringList{"parallels", "miracles", "x"} << QByteArray("miracles.dat is missing.");
+    }
+
+    void referenceListsMissing()
+    {
+        QFETCH(QStringList, args);
+        QFETCH(QByteArray, named);
+        QTemporaryDir empty;
+        const Run r = cli(args, empty.path());
+        QCOMPARE(r.status, 66);
+        QVERIFY2(r.err.contains(named + "  Feature will be disabled."), r.err.constData());
+        if (args.first() == u"parallels")
+            QVERIFY2(r.err.contains(QDir::toNativeSeparators(empty.path()).toUtf8()), r.err.constData());
     }
 
     void checking()

@@ -2,6 +2,7 @@
 // new translations. Built on the UI-free libraries only.
 #include "BookmarksCommand.h"
 #include "CliOutput.h"
+#include "ReferenceCommand.h"
 #include "SettingsCommand.h"
 #include "WordStudyCommand.h"
 #include "platform/FileSystem.h"
@@ -51,6 +52,10 @@ int usage()
         "  names NAME                        the meaning of a Bible name\n"
         "  strong H430|G26                   the Strong's lexicon entry of a number\n"
         "  strong --hebrew|--greek TEXT      the lexicon entry of a number or of a word's beginning\n"
+        "  topics QUERY                      the topics whose names hold every word of the query\n"
+        "  stories QUERY                     the same over the famous Bible stories\n"
+        "  parallels parables|miracles NAME  the Matthew, Mark, Luke and John references, one a line\n"
+        "  prophecy NAME                     a prophecy's Old Testament reference, then its fulfilment\n"
         "PROGRAM_FOLDER defaults to $QUILLSTONE_DIR, else the folder of this program."));
     return Usage;
 }
@@ -246,6 +251,15 @@ int main(int argc, char **argv)
     }
     if (command == u"strong")
         return strongCommand(folder, args);
+    if (command == u"topics" || command == u"stories")
+        return args.size() == 1 ? NameSearchCommand(folder, command, args.first()) : usage();
+    if (command == u"parallels") {
+        if (args.size() != 2 || (args.first() != u"parables" && args.first() != u"miracles"))
+            return usage();
+        return ParallelsCommand(folder, args.first(), args.at(1));
+    }
+    if (command == u"prophecy")
+        return args.size() == 1 ? ProphecyCommand(folder, args.first()) : usage();
 
     if (translation.isEmpty())
         translation = defaultTranslation(folder);

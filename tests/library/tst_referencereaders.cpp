@@ -2,10 +2,14 @@
 // parallels, the prophecies and the verse list, on good files and on missing or damaged ones.
 #include "../support/TranslationFixture.h"
 #include "library/ReferenceLists.h"
+#include "library/ReferencePassages.h"
+#include "scripture/clsBible.h"
 
 #include <QTemporaryDir>
 #include <QTest>
 
+using fixture::chapters;
+using fixture::makeTranslation;
 using fixture::writeFile;
 
 namespace {
@@ -189,6 +193,91 @@ private slots:
         QCOMPARE(verses.Line(int(lines.size()) + 1), QString());
         QVERIFY(!verses.Load(m_dir.filePath(QStringLiteral("none.dat"))));
         QCOMPARE(verses.Count(), 0);
+    }
+
+    void topicPassages()
+    {
+        const QString translation = makeTranslation(
+            m_dir.path(), QStringLiteral("T"),
+            {{QStringLiteral("Genesis"), false, chapters(QStringLiteral("Genesis"), {3})}});
+        write(QStringLiteral("topics.dat"),
+              "Topic\r\nCreation|Genesis 1:1;Genesis 1:3\r\nEmpty|\r\n");
+        NamedReferences topics;
+        QVERIFY(topics.Load(m_dir.filePath(QStringLiteral("topics.dat"))));
+        clsBible bible;
+        bible.setVersionPath(translation);
+        bible.setSeparator(QStringLiteral("\r\n"));
+
+        QCOMPARE(ReferencePassages::TopicTitle(topics, 1),
+                 QStringLiteral("Creation - Genesis 1:1;Genesis 1:3"));
+        QCOMPARE(ReferencePassages::TopicTitle(topics, 2), QStringLiteral("Empty - "));
+        // Every reference, one after another.
+        const QString first = bible.Passagebystandard(QStringLiteral("Genesis 1:1"));
+        const QString third = bible.Passagebystandard(QStringLiteral("Genesis 1:3"));
+        QVERIFY(first.contains(QStringLiteral("Text of Genesis 1:1")));
+        QVERIFY(third.contains(QStringLiteral("Text of Genesis 1:3")));
+        QCOMPARE(ReferencePassages::TopicText(bible, topics, 1), first + third);
+        QCOMPARE(ReferencePassages::TopicText(bible, topics, 2), QString());
+    }
+
+    void pickVerse_data()
+    {
+        QTest::addColumn<int>("count");
+        QTest::addColumn<double>("r");
+        QTest::addColumn<int>("line");
+
+        QTest::newRow("empty list") << 0 << 0.7 << 1;
+        QTest::newRow("one line, low") << 1 << 0.0 << 1;
+        QTest::newRow("one line, high") << 1 << 0.999 << 1;
+        QTest::newRow("first of four") << 4 << 0.2499 << 1;
+        QTest::newRow("second of four") << 4 << 0.25 << 2;
+        QTest::newRow("last of four") << 4 << 0.9999 << 4;
+        QTest::newRow("a draw of 1 stays in the list") << 4 << 1.0 << 4;
+    }
+
+    void pickVerse()
+    {
+        QFETCH(int, count);
+        QFETCH(double, r);
+        QFETCH(int, line);
+        QByteArray bytes;
+        for (int i = 0; i < count; ++i)
+            bytes += "John 3:16\r\n";
+        VerseList verses;
+        QVERIFY(verses.Load(write(QStringLiteral("pick.dat"), bytes)));
+        QCOMPARE(ReferencePassages::PickVerse(verses, r), line);
+    }
+
+    void verseText()
+    {
+        const QString translation = makeTranslation(
+            m_dir.path(), QStringLiteral("V"),
+            {{QStringLiteral("John"), true, chapters(QStringLiteral("John"), {3, 17})}});
+        clsBible bible;
+        bible.setVersionPath(translation);
+        bible.setSeparator(QStringLiteral("\r\n"));
+        bible.setInTextReference(true);
+        const QString plain = [&] {
+            bible.setInTextReference(false);
+            const QString text = bible.Passagebystandard(QStringLiteral("John 2:16"));
+            bible.setInTextReference(true);
+            return text;
+        }();
+
+        VerseList verses;
+        QVERIFY(verses.Load(write(QStringLiteral("verses.dat"), "John 2:16")));
+        QCOMPARE(ReferencePassages::VerseText(bible, verses, 1),
+                 QStringLiteral("JOHN 2:16\r\n") + plain);
+        QVERIFY(bible.InTextReference()); // restored
+
+        QVERIFY(verses.Load(write(QStringLiteral("verses.dat"), "")));
+        QCOMPARE(ReferencePassages::VerseText(bible, verses, 1), QString());
+
+        QCOMPARE(
+            ReferencePassages::VersesMissingText(),
+            QStringLiteral("That the verses.dat file was not found? \r\n\r\nCreate a text file "
+                           "named verses.dat using NotePad with 1 verse per line. Then place it "
+                           "in the same directory as the application. "));
     }
 
     // Whatever a file holds, every reader ends with an answer, and each line after the header

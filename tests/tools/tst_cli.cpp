@@ -364,6 +364,54 @@ private slots:
             QVERIFY2(r.err.contains(QDir::toNativeSeparators(empty.path()).toUtf8()), r.err.constData());
     }
 
+    void topicAndVerse_data()
+    {
+        QTest::addColumn<QStringList>("args");
+        QTest::addColumn<QByteArray>("verses"); // absent: no verses.dat
+        QTest::addColumn<int>("status");
+        QTest::addColumn<QByteArray>("out");
+
+        const QByteArray list("Genesis 1:2\r\n\r\nGenesis 2:1\r\n");
+        QTest::newRow("topic of several references")
+            << QStringList{"--translation", "AAA", "topic", "creation"} << list << 0
+            << QByteArray("Creation - Genesis 1:1;Genesis 2:2\n") + "GENESIS 1 \r\n1 Text of Genesis 1:1\r\nGENESIS 2 \r\n2 Text of Genesis 2:2\r\n";
+        QTest::newRow("topic, not there")
+            << QStringList{"--translation", "AAA", "topic", "flood"} << list << 1 << QByteArray();
+        QTest::newRow("verse of a line")
+            << QStringList{"--translation", "AAA", "verse", "--line", "3"} << list << 0
+            << QByteArray("GENESIS 2:1\r\n1 Text of Genesis 2:1\r\n");
+        QTest::newRow("verse past the end")
+            << QStringList{"--translation", "AAA", "verse", "--line", "4"} << list << 1 << QByteArray();
+        QTest::newRow("verse, one line, drawn at random")
+            << QStringList{"--translation", "AAA", "verse"} << QByteArray("Genesis 1:2") << 0
+            << QByteArray("GENESIS 1:2\r\n2 Text of Genesis 1:2\r\n");
+        QTest::newRow("verse, empty list")
+            << QStringList{"--translation", "AAA", "verse"} << QByteArray("") << 0 << QByteArray();
+        QTest::newRow("verse, missing list")
+            << QStringList{"--translation", "AAA", "verse"} << QByteArray() << 66
+            << QByteArray("That the verses.dat file was not found? \r\n\r\nCreate a text file named "
+                          "verses.dat using NotePad with 1 verse per line. Then place it in the same "
+                          "directory as the application. \n");
+        QTest::newRow("verse, line not a number")
+            << QStringList{"verse", "--line", "x"} << list << 64 << QByteArray();
+    }
+
+    void topicAndVerse()
+    {
+        QFETCH(QStringList, args);
+        QFETCH(QByteArray, verses);
+        QFETCH(int, status);
+        QFETCH(QByteArray, out);
+        writeFile(m_dir.path() + QStringLiteral("/topics.dat"),
+                  "Topic\r\nCreation|Genesis 1:1;Genesis 2:2\r\n");
+        QFile::remove(m_dir.path() + QStringLiteral("/verses.dat"));
+        if (!verses.isNull())
+            writeFile(m_dir.path() + QStringLiteral("/verses.dat"), verses);
+        const Run r = cli(args);
+        QCOMPARE(r.status, status);
+        QCOMPARE(r.out, out);
+    }
+
     void checking()
     {
         Run r = cli({QStringLiteral("check"), QStringLiteral("AAA")});

@@ -3,9 +3,11 @@
 #include "CliOutput.h"
 #include "library/DataFiles.h"
 #include "library/ReferenceLists.h"
+#include "library/ReferencePassages.h"
 #include "scripture/basStrings.h"
 
 #include <QDir>
+#include <QRandomGenerator>
 
 namespace cli {
 
@@ -75,6 +77,39 @@ int ProphecyCommand(const QString &programFolder, const QString &name)
     if (record == 0)
         return notInList(name);
     out(prophecies.Prophecy(record) + u'\n' + prophecies.Fulfilment(record) + u'\n');
+    return Ok;
+}
+
+int TopicCommand(const QString &programFolder, clsBible &bible, const QString &name)
+{
+    NamedReferences topics;
+    if (!topics.Load(pathOf(programFolder, File::Topics)))
+        return missingQuoted(File::Topics);
+    const int record = FindName(topics.Names(), name);
+    if (record == 0)
+        return notInList(name);
+    out(ReferencePassages::TopicTitle(topics, record) + u'\n' +
+        ReferencePassages::TopicText(bible, topics, record));
+    return Ok;
+}
+
+int VerseCommand(const QString &programFolder, clsBible &bible, std::optional<int> line)
+{
+    VerseList verses;
+    if (!verses.Load(pathOf(programFolder, File::Verses))) {
+        out(ReferencePassages::VersesMissingText() + u'\n');
+        return NoInput;
+    }
+    if (line && (*line < 1 || *line > verses.Count())) {
+        err(QStringLiteral("verses.dat has %1 lines; there is no line %2.")
+                .arg(verses.Count())
+                .arg(*line));
+        return Problems;
+    }
+    const int n =
+        line ? *line
+             : ReferencePassages::PickVerse(verses, QRandomGenerator::global()->generateDouble());
+    out(ReferencePassages::VerseText(bible, verses, n));
     return Ok;
 }
 

@@ -3,6 +3,10 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+
+class clsBible;
+
 namespace cli {
 
 // The name search of the topics or stories window ("topics" or "stories"): the matching names in
@@ -17,5 +21,14 @@ int ParallelsCommand(const QString &programFolder, const QString &list, const QS
 
 // The Old Testament reference of a prophecy, then that of its fulfilment.
 int ProphecyCommand(const QString &programFolder, const QString &name);
+
+// A topic as the main window shows it: the title line "name - references", then the text of all
+// its references one after another. Exit status 1 when no topic has the name.
+int TopicCommand(const QString &programFolder, clsBible &bible, const QString &name);
+
+// What the verse window shows for a line of "verses.dat" (counted from 1), or for a line drawn at
+// random: the reference, then the verse. Nothing for an empty list; the window's own text and
+// exit status 66 when the file is missing; exit status 1 for a line outside the list.
+int VerseCommand(const QString &programFolder, clsBible &bible, std::optional<int> line);
 
 } // namespace cli

@@ -56,6 +56,8 @@ int usage()
         "  stories QUERY                     the same over the famous Bible stories\n"
         "  parallels parables|miracles NAME  the Matthew, Mark, Luke and John references, one a line\n"
         "  prophecy NAME                     a prophecy's Old Testament reference, then its fulfilment\n"
+        "  topic NAME                        a topic's title line, then the text of all its references\n"
+        "  verse [--line N]                  the verse of the day for line N of verses.dat (random without it)\n"
         "PROGRAM_FOLDER defaults to $QUILLSTONE_DIR, else the folder of this program."));
     return Usage;
 }
@@ -200,6 +202,16 @@ int notesCommand(clsBible &bible, const QString &folder, QStringList args)
     return Ok;
 }
 
+// "verse" for a random line, "verse --line N" for line N.
+int verseCommand(clsBible &bible, const QString &folder, const QStringList &args)
+{
+    if (args.isEmpty())
+        return VerseCommand(folder, bible, std::nullopt);
+    bool ok = false;
+    const int line = args.size() == 2 && args.first() == u"--line" ? args.at(1).toInt(&ok) : 0;
+    return ok ? VerseCommand(folder, bible, line) : usage();
+}
+
 // "strong H430" as the passage hands a number over, or "strong --hebrew|--greek TEXT" as typed
 // into a tab's word box.
 int strongCommand(const QString &folder, const QStringList &args)
@@ -292,6 +304,10 @@ int main(int argc, char **argv)
         return ListBookmarks(bible, folder);
     if (command == u"notes")
         return notesCommand(bible, folder, args);
+    if (command == u"topic")
+        return args.size() == 1 ? TopicCommand(folder, bible, args.first()) : usage();
+    if (command == u"verse")
+        return verseCommand(bible, folder, args);
     if (command == u"commentary") {
         if (args.size() != 1)
             return usage();

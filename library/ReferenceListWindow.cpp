@@ -1,0 +1,123 @@
+#include "library/ReferenceListWindow.h"
+
+#include "scripture/basStrings.h"
+#include "settings/ProgramSettings.h"
+#include "settings/WindowPlacement.h"
+#include "settings/basSettings.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+ReferenceListWindow::ReferenceListWindow(const ReferenceListWindowTexts &texts,
+                                         MainWindowLink &main, QWidget *parent)
+    : QWidget(parent, Qt::Window), m_texts(texts), m_main(main)
+{
+    setObjectName(m_texts.objectName);
+    setWindowTitle(m_texts.caption);
+    setAttribute(Qt::WA_DeleteOnClose);
+
+    m_names = new QListWidget;
+    m_names->setObjectName(m_texts.listName);
+    m_names->setToolTip(m_texts.listTip);
+    // Some lists run to tens of thousands of names.
+    m_names->setUniformItemSizes(true);
+    auto *browse = new QWidget;
+    auto *browseLayout = new QVBoxLayout(browse);
+    browseLayout->addWidget(m_names);
+
+    txtQuery = new QLineEdit;
+    txtQuery->setObjectName(QStringLiteral("txtQuery"));
+    txtQuery->setToolTip(m_texts.queryTip);
+    cmdSearch = new QPushButton(QStringLiteral("Search"));
+    cmdSearch->setObjectName(QStringLiteral("cmdSearch"));
+    cmdSearch->setToolTip(QStringLiteral("Search"));
+    lstResults = new QListWidget;
+    lstResults->setObjectName(QStringLiteral("lstResults"));
+    lstResults->setUniformItemSizes(true);
+    auto *search = new QWidget;
+    auto *searchLayout = new QGridLayout(search);
+    searchLayout->addWidget(txtQuery, 0, 0);
+    searchLayout->addWidget(cmdSearch, 0, 1);
+    searchLayout->addWidget(lstResults, 1, 0, 1, 2);
+    searchLayout->setRowStretch(1, 1);
+
+    SSTab1 = new QTabWidget(this);
+    SSTab1->setObjectName(QStringLiteral("SSTab1"));
+    SSTab1->addTab(browse, m_texts.browseCaption);
+    SSTab1->addTab(search, QStringLiteral("Search"));
+    // The layouts stretch the lists to the tab strip's height as the window is resized.
+    m_layout = new QHBoxLayout(this);
+    m_layout->addWidget(SSTab1, 1);
+    resize(420, 480);
+
+    connect(txtQuery, &QLineEdit::returnPressed, cmdSearch, &QPushButton::click);
+    connect(cmdSearch, &QPushButton::clicked, this, &ReferenceListWindow::cmdSearch_Click);
+    // A change of row, by mouse or keys or by a result, is the list's click.
+    connect(m_names, &QListWidget::currentRowChanged, this, &ReferenceListWindow::nameList_Click);
+    connect(lstResults, &QListWidget::currentRowChanged, this,
+            &ReferenceListWindow::lstResults_Click);
+    // A result clicked again after browsing elsewhere goes back to its entry.
+    connect(lstResults, &QListWidget::itemClicked, this, &ReferenceListWindow::lstResults_Click);
+
+    Form_Load();
+}
+
+void ReferenceListWindow::Form_Load()
+{
+    DisplaySettings &display = ProgramSettings::instance().display;
+    ApplyStyle(m_names, display.navigation);
+    ApplyStyle(lstResults, display.navigation);
+    if (m_entries.Load(DataFiles::Path(m_texts.file)))
+        m_names->addItems(m_entries.Names());
+    else
+        DataFiles::ReportMissing(QLatin1Char('\'') + DataFiles::Name(m_texts.file) +
+                                 QLatin1Char('\''));
+    m_placement = new WindowPlacement(this, m_texts.section, m_texts.placementParts);
+    m_placement->addTab(SSTab1);
+    m_placement->restore();
+}
+
+void ReferenceListWindow::addBesideTabs(QWidget *pane)
+{
+    ApplyStyle(pane, ProgramSettings::instance().display.navigation);
+    m_layout->addWidget(pane, 1);
+}
+
+int ReferenceListWindow::selectedRecord() const
+{
+    // The list holds the names in file order, so an entry's record is its row plus one.
+    return m_names->currentRow() + 1;
+}
+
+void ReferenceListWindow::cmdSearch_Click()
+{
+    if (basStrings::TrimBlanks(txtQuery->text()).isEmpty())
+        return;
+    lstResults->clear();
+    for (const int index : m_entries.Search(txtQuery->text())) {
+        auto *item = new QListWidgetItem(m_entries.Names().at(index), lstResults);
+        item->setData(Qt::UserRole, index);
+    }
+}
+
+void ReferenceListWindow::lstResults_Click()
+{
+    const QListWidgetItem *item = lstResults->currentItem();
+    if (!item)
+        return;
+    const int index = item->data(Qt::UserRole).toInt();
+    m_names->setCurrentRow(index);
+    m_names->scrollToItem(m_names->item(index));
+}
+
+void ReferenceListWindow::nameList_Click()
+{
+    const int record = selectedRecord();
+    if (record > 0)
+        nameSelected(record);
+}

@@ -1,0 +1,48 @@
+#include "library/frmStories.h"
+
+#include "library/MainWindowLink.h"
+#include "scripture/PassageFormatter.h"
+#include "scripture/clsBible.h"
+#include "settings/WindowPlacement.h"
+
+#include <QListWidget>
+
+frmStories::frmStories(MainWindowLink &main, QWidget *parent)
+    : ReferenceListWindow({.file = DataFiles::File::Stories,
+                           .objectName = QStringLiteral("frmStories"),
+                           .caption = QStringLiteral("Famous Bible Stories"),
+                           .section = QStringLiteral("stories"),
+                           .placementParts = WindowPlacement::Position,
+                           .listName = QStringLiteral("lstStories"),
+                           .listTip = QStringLiteral("Select a story to see its references"),
+                           .queryTip = QStringLiteral("Type word(s) to search for in stories"),
+                           .browseCaption = QStringLiteral("Stories")},
+                          main, parent)
+{
+    lstReferences = new QListWidget(this);
+    lstReferences->setObjectName(QStringLiteral("lstReferences"));
+    lstReferences->setToolTip(
+        QStringLiteral("Click a reference to see the text in the main bible window"));
+    addBesideTabs(lstReferences);
+    resize(640, height());
+    // A click on the reference already shown shows it again, as the main window may have moved on.
+    connect(lstReferences, &QListWidget::itemClicked, this, &frmStories::lstReferences_Click);
+}
+
+void frmStories::nameSelected(int record)
+{
+    lstReferences->clear();
+    lstReferences->addItems(entries().References(record));
+}
+
+void frmStories::lstReferences_Click()
+{
+    const QListWidgetItem *item = lstReferences->currentItem();
+    const int record = selectedRecord();
+    if (!item || record < 1)
+        return;
+    const QString reference = item->text();
+    const QString text = main().Bible().Passagebystandard(reference);
+    main().ShowPassage(PassageFormatter::ToRichText(text, true),
+                       entries().Names().at(record - 1) + QStringLiteral(" - ") + reference);
+}

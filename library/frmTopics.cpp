@@ -1,0 +1,28 @@
+#include "library/frmTopics.h"
+
+#include "library/MainWindowLink.h"
+#include "library/ReferencePassages.h"
+#include "scripture/PassageFormatter.h"
+
+frmTopics::frmTopics(MainWindowLink &main, QWidget *parent)
+    : ReferenceListWindow(
+          {.file = DataFiles::File::Topics,
+           .objectName = QStringLiteral("frmTopics"),
+           .caption = QStringLiteral("Bible Topics"),
+           .section = QStringLiteral("topics"),
+           // Unlike the stories window, this one has always opened where the system puts it.
+           .placementParts = 0,
+           .listName = QStringLiteral("lstTopics"),
+           .listTip = QStringLiteral("Select topic to see its text in the main bible window"),
+           .queryTip = QStringLiteral("Enter word(s) to search for in the topics"),
+           .browseCaption = QStringLiteral("Topics")},
+          main, parent)
+{
+}
+
+void frmTopics::nameSelected(int record)
+{
+    const QString text = ReferencePassages::TopicText(main().Bible(), entries(), record);
+    main().ShowPassage(PassageFormatter::ToRichText(text, true),
+                       ReferencePassages::TopicTitle(entries(), record));
+}

@@ -5,7 +5,9 @@
 #include "library/DataFiles.h"
 #include "library/frmBibleNames.h"
 #include "library/frmDictionary.h"
+#include "library/frmStories.h"
 #include "library/frmStrongLexicon.h"
+#include "library/frmTopics.h"
 #include "platform/CSendMessage.h"
 #include "platform/InputBox.h"
 #include "platform/MsgBox.h"
@@ -341,6 +343,12 @@ void frmMain::buildMenus()
     references->addSeparator();
     references->addAction(QStringLiteral("Bible &Names"), this, [this] { openBibleNames(); })
         ->setObjectName(QStringLiteral("mnuReferencesNames"));
+    references->addAction(QStringLiteral("Bible &Topics"), this, [this] {
+        m_topics.open([this] { return new frmTopics(*this, this); });
+    })->setObjectName(QStringLiteral("mnuReferencesTopics"));
+    references->addAction(QStringLiteral("Famous Bible &Stories"), this, [this] {
+        m_stories.open([this] { return new frmStories(*this, this); });
+    })->setObjectName(QStringLiteral("mnuReferencesStories"));
     QAction *concordance = references->addAction(QStringLiteral("Strong's &Concordance"), this,
                                                   &frmMain::mnuReferencesConcordance_Click);
     concordance->setObjectName(QStringLiteral("mnuReferencesConcordance"));

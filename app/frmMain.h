@@ -31,6 +31,8 @@ class WindowPlacement;
 class frmBibleNames;
 class frmDictionary;
 class frmStrongLexicon;
+class frmStories;
+class frmTopics;
 namespace platform {
 class RichTextBox;
 }
@@ -165,6 +167,8 @@ private:
     ToolWindowSlot<frmDictionary> m_dictionary;
     ToolWindowSlot<frmBibleNames> m_bibleNames;
     ToolWindowSlot<frmStrongLexicon> m_strongLexicon;
+    ToolWindowSlot<frmTopics> m_topics;
+    ToolWindowSlot<frmStories> m_stories;
     // Opened on the first visit to the commentary, which reads its book maps.
     std::unique_ptr<CommentaryStore> m_commentary;
     QString m_translationFolder;

@@ -54,6 +54,8 @@ private slots:
         writeFile(m_dir.filePath(QStringLiteral("Dictionary.dat")),
                   "header\r\nGOD|The supreme being.|Gen 1:1;John 1:1\r\nSPIRIT|Breath, wind.|Gen 1:2\r\n");
         writeFile(m_dir.filePath(QStringLiteral("names.dat")), "header\r\nAdam|Earthy; red\r\n");
+        writeFile(m_dir.filePath(QStringLiteral("topics.dat")), "header\r\nCreation|Gen 1:1\r\n");
+        writeFile(m_dir.filePath(QStringLiteral("stories.dat")), "header\r\nThe creation|Gen 1:1\r\n");
         QStringList hebrew, hebrewIndex;
         for (int n = 1; n <= 500; ++n) {
             hebrewIndex << QStringLiteral("word%1").arg(n);

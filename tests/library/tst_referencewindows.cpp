@@ -1,6 +1,7 @@
 // The topics and stories windows, used as a reader would: a search typed and run, a result
 // clicked, a topic or a story reference clicked, the tab and place they keep, and a missing file.
 #include "../support/TranslationFixture.h"
+#include "../support/ToolWindowHarness.h"
 #include "library/MainWindowLink.h"
 #include "library/frmStories.h"
 #include "library/frmTopics.h"
@@ -34,87 +35,34 @@ const QByteArray kStories = "Stories of the test\r\n"
                             "Cain and Abel|Genesis 2:3\r\n"
                             "Abel's offering|Genesis 1:3\r\n";
 
-// The main window as the reference windows see it, recording the passages it was asked to show.
-class FakeMain : public MainWindowLink
+using support::FakeMain;
+
+// The reference window under test, with what the tests do with its controls.
+template <typename Window> class Opened : public support::OpenedWindow<Window>
 {
 public:
-    struct Shown
-    {
-        QString rtf;
-        QString title;
-    };
+    using support::OpenedWindow<Window>::OpenedWindow;
+    using support::OpenedWindow<Window>::control;
 
-    void GoToReference(const QString &reference) override { references << reference; }
-    void ShowPassage(const QString &rtf, const QString &title) override
-    {
-        shown.append({rtf, title});
-    }
-    clsBible &Bible() override { return bible; }
-    void StrongConcordance(const QString &) override {}
-
-    clsBible bible;
-    QStringList references;
-    QList<Shown> shown;
-};
-
-// A window opened as the main window opens it, and closed and gone when the test ends.
-template <typename Window> class Opened
-{
-public:
-    explicit Opened(MainWindowLink &main) : m_window(new Window(main, nullptr))
-    {
-        m_window->show();
-        (void)QTest::qWaitForWindowExposed(m_window);
-    }
-    ~Opened() { close(); }
-    Opened(const Opened &) = delete;
-    Opened &operator=(const Opened &) = delete;
-
-    void close()
-    {
-        if (m_window) {
-            m_window->close();
-            delete m_window;
-        }
-    }
-    Window *operator->() const { return m_window; }
-
-    template <typename T> T *control(const char *name) const
-    {
-        T *found = m_window->template findChild<T *>(QLatin1String(name));
-        if (!found)
-            qFatal("no control named %s", name);
-        return found;
-    }
-    QStringList entries(const char *name) const
-    {
-        QStringList list;
-        auto *box = control<QListWidget>(name);
-        for (int i = 0; i < box->count(); ++i)
-            list << box->item(i)->text();
-        return list;
-    }
-    int row(const char *name) const { return control<QListWidget>(name)->currentRow(); }
-    void showTab(int index) const { control<QTabWidget>("SSTab1")->setCurrentIndex(index); }
+    int row(const char *name) const { return this->template control<QListWidget>(name)->currentRow(); }
+    void showTab(int index) const { this->template control<QTabWidget>("SSTab1")->setCurrentIndex(index); }
     void search(const QString &query) const
     {
         showTab(1);
-        auto *edit = control<QLineEdit>("txtQuery");
+        auto *edit = this->template control<QLineEdit>("txtQuery");
         edit->selectAll();
         QTest::keyClick(edit, Qt::Key_Delete);
         QTest::keyClicks(edit, query);
-        QTest::mouseClick(control<QPushButton>("cmdSearch"), Qt::LeftButton);
+        QTest::mouseClick(this->template control<QPushButton>("cmdSearch"), Qt::LeftButton);
     }
     void clickRow(const char *list, int row) const
     {
-        auto *box = control<QListWidget>(list);
+        auto *box = this->template control<QListWidget>(list);
         box->scrollToItem(box->item(row));
         QTest::mouseClick(box->viewport(), Qt::LeftButton, {},
                           box->visualItemRect(box->item(row)).center());
     }
 
-private:
-    QPointer<Window> m_window;
 };
 
 // The lines of one section of "window.ini", as written.

@@ -2,6 +2,7 @@
 // and Enter, the list following what is typed, double-clicks on lists, references and numbers,
 // the background click, the saved tab and check box, and files that are missing or damaged.
 #include "../support/TranslationFixture.h"
+#include "../support/ToolWindowHarness.h"
 #include "library/MainWindowLink.h"
 #include "library/frmBibleNames.h"
 #include "library/frmDictionary.h"
@@ -45,75 +46,32 @@ const QByteArray kGreekIndex = "A\r\nAaron\r\nagape\r\n";
 const QByteArray kGreek = "G1|A|al'-fah|the first letter; see "
                           "3\r\nG2|Aaron|ah-ar-ohn'|Aaron\r\nG3|agape|ag-ah'-pay|love\r\n";
 
-// The main window as the reference windows see it, recording what it was asked to do.
-class FakeMain : public MainWindowLink
+using support::FakeMain;
+
+// The word window under test, with what the tests do with its controls.
+template <typename Window> class Opened : public support::OpenedWindow<Window>
 {
 public:
-    void GoToReference(const QString &reference) override { references << reference; }
-    void ShowPassage(const QString &, const QString &) override {}
-    clsBible &Bible() override { return m_bible; }
-    void StrongConcordance(const QString &number) override { concordance << number; }
+    using support::OpenedWindow<Window>::OpenedWindow;
+    using support::OpenedWindow<Window>::control;
+    using support::OpenedWindow<Window>::get;
 
-    QStringList references;
-    QStringList concordance;
-
-private:
-    clsBible m_bible;
-};
-
-// A window opened as the main window opens it, and closed and gone when the test ends.
-template <typename Window> class Opened
-{
-public:
-    explicit Opened(MainWindowLink &main) : m_window(new Window(main, nullptr))
-    {
-        m_window->show();
-        (void)QTest::qWaitForWindowExposed(m_window);
-    }
-    ~Opened()
-    {
-        if (m_window) {
-            m_window->close();
-            delete m_window;
-        }
-    }
-    Opened(const Opened &) = delete;
-    Opened &operator=(const Opened &) = delete;
-
-    Window *get() const { return m_window; }
-    Window *operator->() const { return m_window; }
-
-    template <typename T> T *control(const char *name) const
-    {
-        T *found = m_window->template findChild<T *>(QLatin1String(name));
-        if (!found)
-            qFatal("no control named %s", name);
-        return found;
-    }
     QString text(const char *name) const
     {
-        if (auto *box = m_window->template findChild<QLineEdit *>(QLatin1String(name)))
+        if (auto *box = this->get()->template findChild<QLineEdit *>(QLatin1String(name)))
             return box->text();
-        if (auto *label = m_window->template findChild<QLabel *>(QLatin1String(name)))
+        if (auto *label = this->get()->template findChild<QLabel *>(QLatin1String(name)))
             return label->text();
-        return control<QPlainTextEdit>(name)->toPlainText();
-    }
-    QStringList entries(const char *name) const
-    {
-        QStringList list;
-        auto *box = control<QListWidget>(name);
-        for (int i = 0; i < box->count(); ++i)
-            list << box->item(i)->text();
-        return list;
+        return this->template control<QPlainTextEdit>(name)->toPlainText();
     }
     int row(const char *name) const
     {
-        const QList<QListWidgetItem *> selected = control<QListWidget>(name)->selectedItems();
-        return selected.isEmpty() ? -1 : control<QListWidget>(name)->row(selected.first());
+        const QList<QListWidgetItem *> selected = this->template control<QListWidget>(name)->selectedItems();
+        return selected.isEmpty() ? -1 : this->template control<QListWidget>(name)->row(selected.first());
     }
     void type(const char *box, const QString &text, bool enter = false) const
     {
-        auto *edit = control<QLineEdit>(box);
+        auto *edit = this->template control<QLineEdit>(box);
         edit->selectAll();
         QTest::keyClick(edit, Qt::Key_Delete);
         QTest::keyClicks(edit, text);
@@ -122,11 +80,11 @@ public:
     }
     void click(const char *button) const
     {
-        QTest::mouseClick(control<QPushButton>(button), Qt::LeftButton);
+        QTest::mouseClick(this->template control<QPushButton>(button), Qt::LeftButton);
     }
     void doubleClickRow(const char *list, int row) const
     {
-        auto *box = control<QListWidget>(list);
+        auto *box = this->template control<QListWidget>(list);
         box->scrollToItem(box->item(row));
         // A real double-click: a click, then the second press that the system reports as double.
         const QPoint at = box->visualItemRect(box->item(row)).center();
@@ -136,7 +94,7 @@ public:
     // Double-clicks the character at a position of a definition box's text.
     void doubleClickText(const char *box, int position) const
     {
-        auto *edit = control<QPlainTextEdit>(box);
+        auto *edit = this->template control<QPlainTextEdit>(box);
         QTextCursor cursor(edit->document());
         cursor.setPosition(position);
         const QPoint at = edit->cursorRect(cursor).center() + QPoint(2, 0);
@@ -144,8 +102,6 @@ public:
         QTest::mouseDClick(edit->viewport(), Qt::LeftButton, {}, at);
     }
 
-private:
-    QPointer<Window> m_window;
 };
 
 int iniData(const QString &folder, const QString &section, const QString &key)

@@ -1,0 +1,80 @@
+#pragma once
+
+// For tests of the reference windows: the main window as those windows see it, recording what it
+// was asked to do, and a window opened as the main window opens it, closed and gone when the test
+// ends even when a check failed.
+#include "library/MainWindowLink.h"
+#include "scripture/clsBible.h"
+
+#include <QList>
+#include <QListWidget>
+#include <QPointer>
+#include <QStringList>
+#include <QTest>
+
+namespace support {
+
+class FakeMain : public MainWindowLink
+{
+public:
+    struct Shown
+    {
+        QString rtf;
+        QString title;
+    };
+
+    void GoToReference(const QString &reference) override { references << reference; }
+    void ShowPassage(const QString &rtf, const QString &title) override { shown.append({rtf, title}); }
+    clsBible &Bible() override { return bible; }
+    void StrongConcordance(const QString &number) override { concordance << number; }
+
+    clsBible bible;
+    QStringList references;
+    QStringList concordance;
+    QList<Shown> shown;
+};
+
+template <typename Window> class OpenedWindow
+{
+public:
+    explicit OpenedWindow(MainWindowLink &main) : m_window(new Window(main, nullptr))
+    {
+        m_window->show();
+        (void)QTest::qWaitForWindowExposed(m_window);
+    }
+    ~OpenedWindow() { close(); }
+    OpenedWindow(const OpenedWindow &) = delete;
+    OpenedWindow &operator=(const OpenedWindow &) = delete;
+
+    void close()
+    {
+        if (m_window) {
+            m_window->close();
+            delete m_window;
+        }
+    }
+    Window *get() const { return m_window; }
+    Window *operator->() const { return m_window; }
+
+    // A control by its object name; a test that asks for one that is not there stops at once.
+    template <typename T> T *control(const char *name) const
+    {
+        T *found = m_window->template findChild<T *>(QLatin1String(name));
+        if (!found)
+            qFatal("no control named %s", name);
+        return found;
+    }
+    QStringList entries(const char *name) const
+    {
+        QStringList list;
+        auto *box = control<QListWidget>(name);
+        for (int i = 0; i < box->count(); ++i)
+            list << box->item(i)->text();
+        return list;
+    }
+
+private:
+    QPointer<Window> m_window;
+};
+
+} // namespace support

@@ -135,14 +135,16 @@ void frmLoadVersion::OpenTranslation(const QString &folder)
         m_main->setAttribute(Qt::WA_DeleteOnClose);
         connect(m_main, &frmMain::translationChosen, this, &frmLoadVersion::OpenTranslation);
     }
-    // 1. The stores point at the folder (the main window's load reads it).
-    m_main->LoadTranslation(folder);
+    // 1. The stores point at the folder (the main window's load reads it). A user who chose to
+    // stay with unsaved notes stays with the translation open.
+    if (!m_main->LoadTranslation(folder))
+        return;
     // 2. Remember the choice.
     ini.setText(QStringLiteral("load"), QStringLiteral("version"), folder);
     ini.setData(QStringLiteral("load"), QStringLiteral("autoload"), chkAutoLoad->isChecked() ? 1 : 0);
-    // 3. Show the main window.
+    // 3. Show the main window, and the verse of the day over it when the user wants it.
     m_main->show();
-    // 4. This window's work is done.
+    m_main->ShowVerseOfDayAfterLoad();
     // 4. This window's work is done; closing it keeps its place (a window never shown keeps the
     // place it was given).
     if (!m_opened) {

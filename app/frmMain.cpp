@@ -5,9 +5,12 @@
 #include "library/DataFiles.h"
 #include "library/frmBibleNames.h"
 #include "library/frmDictionary.h"
+#include "library/frmParables.h"
+#include "library/frmProphecies.h"
 #include "library/frmStories.h"
 #include "library/frmStrongLexicon.h"
 #include "library/frmTopics.h"
+#include "library/frmVerseOfDay.h"
 #include "platform/CSendMessage.h"
 #include "platform/InputBox.h"
 #include "platform/MsgBox.h"
@@ -336,24 +339,27 @@ void frmMain::buildMenus()
     mnuTranslations->setObjectName(QStringLiteral("mnuTranslations"));
 
     QMenu *references = menuBar()->addMenu(QStringLiteral("&References"));
-    mnuReferencesDictionary = references->addAction(QStringLiteral("&Dictionary"), this, [this] { openDictionary(); });
-    mnuReferencesDictionary->setObjectName(QStringLiteral("mnuReferencesDictionary"));
-    mnuReferencesStrong = references->addAction(QStringLiteral("&Strong's Lexicon"), this, [this] { openStrongLexicon(); });
-    mnuReferencesStrong->setObjectName(QStringLiteral("mnuReferencesStrong"));
+    const auto reference = [this, references](const char *name, const QString &caption, auto handler) {
+        QAction *action = references->addAction(caption, this, handler);
+        action->setObjectName(QLatin1String(name));
+        return action;
+    };
+    mnuReferencesDictionary = reference("mnuReferencesDictionary", QStringLiteral("&Dictionary"), [this] { openDictionary(); });
+    mnuReferencesStrong = reference("mnuReferencesStrong", QStringLiteral("&Strong's Lexicon"), [this] { openStrongLexicon(); });
+    reference("mnuReferencesConcordance", QStringLiteral("Strong's &Concordance"), &frmMain::mnuReferencesConcordance_Click);
     references->addSeparator();
-    references->addAction(QStringLiteral("Bible &Names"), this, [this] { openBibleNames(); })
-        ->setObjectName(QStringLiteral("mnuReferencesNames"));
-    references->addAction(QStringLiteral("Bible &Topics"), this, [this] {
-        m_topics.open([this] { return new frmTopics(*this, this); });
-    })->setObjectName(QStringLiteral("mnuReferencesTopics"));
-    references->addAction(QStringLiteral("Famous Bible &Stories"), this, [this] {
-        m_stories.open([this] { return new frmStories(*this, this); });
-    })->setObjectName(QStringLiteral("mnuReferencesStories"));
-    QAction *concordance = references->addAction(QStringLiteral("Strong's &Concordance"), this,
-                                                  &frmMain::mnuReferencesConcordance_Click);
-    concordance->setObjectName(QStringLiteral("mnuReferencesConcordance"));
-    QAction *units = references->addAction(QStringLiteral("&Units Table"), this, &frmMain::mnuReferencesUnits_Click);
-    units->setObjectName(QStringLiteral("mnuReferencesUnits"));
+    reference("mnuReferencesNames", QStringLiteral("Bible &Names"), [this] { openBibleNames(); });
+    reference("mnuReferencesTopics", QStringLiteral("Bible &Topics"),
+              [this] { m_topics.open([this] { return new frmTopics(*this, this); }); });
+    reference("mnuReferencesStories", QStringLiteral("Famous Bible St&ories"),
+              [this] { m_stories.open([this] { return new frmStories(*this, this); }); });
+    references->addSeparator();
+    reference("mnuReferencesParables", QStringLiteral("Parables of &Jesus Christ"), &frmMain::mnuReferencesParables_Click);
+    reference("mnuReferencesMiracles", QStringLiteral("&Miracles of Jesus Christ"), &frmMain::mnuReferencesMiracles_Click);
+    reference("mnuReferencesProphecies", QStringLiteral("&Prophecies and Fulfilment"), &frmMain::mnuReferencesProphecies_Click);
+    references->addSeparator();
+    reference("mnuReferencesUnits", QStringLiteral("&Units Table"), &frmMain::mnuReferencesUnits_Click);
+    reference("mnuReferencesVerseOfDay", QStringLiteral("&Verse of the Day"), &frmMain::mnuReferencesVerseOfDay_Click);
 
     QMenu *help = menuBar()->addMenu(QStringLiteral("&Help"));
     help->addAction(QStringLiteral("&About Quillstone"), this, &frmMain::mnuHelpAbout_Click);
@@ -411,13 +417,13 @@ void frmMain::checkDataFiles()
     m_unitsPath = DataFiles::Path(File::Units);
 }
 
-void frmMain::LoadTranslation(const QString &folder)
+bool frmMain::LoadTranslation(const QString &folder)
 {
     // Keep the reader's place when another translation is opened over this one: the same book by
     // name, else by number when both translations have the same books.
     const bool reopening = !m_translationFolder.isEmpty();
     if (reopening && !askToKeepNotes())
-        return;
+        return false;
     const int oldBook = m_bible.Testament() == clsBible::NotFound ? 0 : m_bible.BookNumber();
     const int oldCount = m_bible.BooksCount();
     const QString oldName = oldBook > 0 ? m_bible.BookName(oldBook) : QString();
@@ -442,18 +448,26 @@ void frmMain::LoadTranslation(const QString &folder)
     buildTranslationsMenu();
 
     if (!reopening || oldBook == 0)
-        return;
+        return true;
     int book = m_bible.BookByName(oldName);
     if (book == 0 && oldCount == m_bible.BooksCount())
         book = oldBook;
     if (book == 0)
-        return;
+        return true;
     const int testament = m_bible.TestamentOfBook(book);
     cmbTestaments->setCurrentIndex(testament);
     cmbTestaments_Click();
     lstBooks->setCurrentRow(m_bible.RowOfBook(book));
     if (chapter > 0 && chapter <= lstChapters->count())
         lstChapters->setCurrentRow(chapter - 1);
+    return true;
+}
+
+void frmMain::ShowVerseOfDayAfterLoad()
+{
+    const int show = ProgramSettings::instance().Ini().Data(QStringLiteral("verseofday"), QStringLiteral("show"));
+    if (show != 0)
+        openVerseOfDay(show);
 }
 
 void frmMain::LoadSettingsFiles()
@@ -780,6 +794,43 @@ void frmMain::mnuReferencesUnits_Click()
         return;
     }
     DataFiles::ReportMissing(m_unitsPath);
+}
+
+void frmMain::mnuReferencesMiracles_Click()
+{
+    openGospelParallels(frmParables::MiraclesTag, DataFiles::File::Miracles);
+}
+
+void frmMain::mnuReferencesParables_Click()
+{
+    openGospelParallels(frmParables::ParablesTag, DataFiles::File::Parables);
+}
+
+void frmMain::openGospelParallels(const QString &tag, DataFiles::File file)
+{
+    // One window for each list: a list already open is brought forward instead.
+    frmParables *window = frmParables::FindOpen(tag);
+    if (!window) {
+        window = new frmParables(*this, this);
+        window->SetDataFile(DataFiles::Path(file));
+        window->SetTag(tag);
+    }
+    BringToolWindowForward(window);
+}
+
+void frmMain::mnuReferencesProphecies_Click()
+{
+    m_prophecies.open([this] { return new frmProphecies(*this, this); });
+}
+
+void frmMain::mnuReferencesVerseOfDay_Click()
+{
+    openVerseOfDay(ProgramSettings::instance().Ini().Data(QStringLiteral("verseofday"), QStringLiteral("show")));
+}
+
+void frmMain::openVerseOfDay(int show)
+{
+    m_verseOfDay.open([this, show] { return new frmVerseOfDay(*this, show, this); });
 }
 
 void frmMain::mnuHelpAbout_Click()

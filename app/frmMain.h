@@ -1,6 +1,7 @@
 #pragma once
 
 #include "bookmarks/Bookmarks.h"
+#include "library/DataFiles.h"
 #include "library/MainWindowLink.h"
 #include "library/ToolWindowSlot.h"
 #include "platform/clsCommonColorDialog.h"
@@ -30,6 +31,8 @@ class QWidget;
 class WindowPlacement;
 class frmBibleNames;
 class frmDictionary;
+class frmProphecies;
+class frmVerseOfDay;
 class frmStrongLexicon;
 class frmStories;
 class frmTopics;
@@ -55,7 +58,11 @@ public:
 
     // Points the window at a translation folder of the program folder (its name, e.g. "KJV") and
     // fills everything from it.
-    void LoadTranslation(const QString &folder);
+    // False when the user kept the window on the chapter shown (unsaved notes that could not be
+    // saved).
+    bool LoadTranslation(const QString &folder);
+    // After a translation has been loaded: the verse of the day, when the user wants it then.
+    void ShowVerseOfDayAfterLoad();
 
     // Puts text into the keyword box and searches for it (used by the passage's word look-ups).
     void QuickSearch(const QString &text);
@@ -116,6 +123,10 @@ public slots:
     void mnuRightclickStrongLexicon_Click();
     void mnuRightClickLookupReference_Click();
     void mnuReferencesUnits_Click();
+    void mnuReferencesMiracles_Click();
+    void mnuReferencesParables_Click();
+    void mnuReferencesProphecies_Click();
+    void mnuReferencesVerseOfDay_Click();
     void mnuHelpAbout_Click();
 
 protected:
@@ -143,6 +154,10 @@ private:
     void openDictionary(const QString &word = QString());
     void openBibleNames(const QString &word = QString());
     void openStrongLexicon(const QString &number = QString());
+    // The parables or the miracles window (by its tag), reading its data file when first opened.
+    void openGospelParallels(const QString &tag, DataFiles::File file);
+    // The verse of the day, its check box set from the saved "show".
+    void openVerseOfDay(int show);
 
     QString tabCaption(int index) const;
     void enterNotes(bool focus);
@@ -169,6 +184,8 @@ private:
     ToolWindowSlot<frmStrongLexicon> m_strongLexicon;
     ToolWindowSlot<frmTopics> m_topics;
     ToolWindowSlot<frmStories> m_stories;
+    ToolWindowSlot<frmProphecies> m_prophecies;
+    ToolWindowSlot<frmVerseOfDay> m_verseOfDay;
     // Opened on the first visit to the commentary, which reads its book maps.
     std::unique_ptr<CommentaryStore> m_commentary;
     QString m_translationFolder;

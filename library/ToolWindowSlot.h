@@ -6,6 +6,17 @@
 // Holds one tool window of the main window: the first request creates it (parented to the main
 // window as a window of its own), later requests bring the same window forward. A closed window
 // that deleted itself is created afresh on the next request.
+// Shows a tool window as a window of its own and brings it forward, restored if it was minimised.
+inline void BringToolWindowForward(QWidget *window)
+{
+    window->setWindowFlag(Qt::Window, true);
+    window->show();
+    if (window->isMinimized())
+        window->showNormal();
+    window->raise();
+    window->activateWindow();
+}
+
 template<typename Window>
 class ToolWindowSlot
 {
@@ -17,13 +28,8 @@ public:
             m_window = make();
             if (!m_window)
                 return nullptr;
-            m_window->setWindowFlag(Qt::Window, true);
         }
-        m_window->show();
-        if (m_window->isMinimized())
-            m_window->showNormal();
-        m_window->raise();
-        m_window->activateWindow();
+        BringToolWindowForward(m_window);
         return m_window;
     }
 

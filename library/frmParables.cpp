@@ -1,0 +1,137 @@
+#include "library/frmParables.h"
+
+#include "library/DataFiles.h"
+#include "library/MainWindowLink.h"
+#include "library/PassageView.h"
+#include "platform/RichTextBox.h"
+#include "scripture/clsBible.h"
+#include "settings/ProgramSettings.h"
+#include "settings/WindowPlacement.h"
+#include "settings/basSettings.h"
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+frmParables::frmParables(MainWindowLink &main, QWidget *parent)
+    : QWidget(parent, Qt::Window), m_main(main)
+{
+    setObjectName(QStringLiteral("frmParables"));
+    setAttribute(Qt::WA_DeleteOnClose);
+
+    Label1 = new QLabel;
+    Label1->setObjectName(QStringLiteral("Label1"));
+    lstParables = new QListWidget;
+    lstParables->setObjectName(QStringLiteral("lstParables"));
+    lstParables->setToolTip(QStringLiteral("Select one to read it in each gospel that tells it"));
+    Label1->setBuddy(lstParables);
+    auto *left = new QVBoxLayout;
+    left->addWidget(Label1);
+    left->addWidget(lstParables, 1);
+
+    txtTitle = new QLineEdit;
+    txtTitle->setObjectName(QStringLiteral("txtTitle"));
+    txtTitle->setReadOnly(true);
+    SSTab1 = new QTabWidget;
+    SSTab1->setObjectName(QStringLiteral("SSTab1"));
+    const char *gospels[] = {"Matthew", "Mark", "Luke", "John"};
+    for (int j = 0; j < GospelParallels::GospelCount; ++j) {
+        rtfGospel[j] = new platform::RichTextBox;
+        rtfGospel[j]->setObjectName(QStringLiteral("rtfGospel%1").arg(j));
+        rtfGospel[j]->setLocked(true);
+        SSTab1->addTab(rtfGospel[j], QLatin1String(gospels[j]));
+        // Until a name is chosen there is nothing to read in any gospel.
+        SSTab1->setTabEnabled(j, false);
+    }
+    auto *right = new QVBoxLayout;
+    right->addWidget(txtTitle);
+    right->addWidget(SSTab1, 1);
+
+    auto *layout = new QHBoxLayout(this);
+    layout->addLayout(left, 2);
+    layout->addLayout(right, 3);
+    resize(760, 480);
+
+    // A change of row, by mouse or keys, is the list's click.
+    connect(lstParables, &QListWidget::currentRowChanged, this, &frmParables::lstParables_Click);
+
+    Form_Load();
+}
+
+void frmParables::Form_Load()
+{
+    DisplaySettings &display = ProgramSettings::instance().display;
+    for (platform::RichTextBox *view : rtfGospel)
+        ApplyRichTextStyle(view, display.passage);
+    ApplyStyle(lstParables, display.navigation);
+    ApplyStyle(txtTitle, display.title);
+}
+
+void frmParables::SetDataFile(const QString &path)
+{
+    lstParables->clear();
+    if (!m_list.Load(path))
+        DataFiles::ReportMissing(path);
+    Label1->setText(m_list.Heading());
+    lstParables->addItems(m_list.Names());
+    if (!m_placement) {
+        m_placement = new WindowPlacement(this, QStringLiteral("parables"));
+        m_placement->restore();
+    }
+}
+
+void frmParables::SetTag(const QString &tag)
+{
+    m_tag = tag;
+    if (tag == MiraclesTag)
+        setWindowTitle(QStringLiteral("Miracles of Jesus Christ"));
+    else if (tag == ParablesTag)
+        setWindowTitle(QStringLiteral("Parables of Jesus Christ"));
+}
+
+frmParables *frmParables::FindOpen(const QString &tag)
+{
+    // The windows in the order the application holds them, the first with the tag wins.
+    for (QWidget *window : QApplication::topLevelWidgets()) {
+        auto *list = qobject_cast<frmParables *>(window);
+        if (list && list->Tag() == tag && !list->isHidden())
+            return list;
+    }
+    return nullptr;
+}
+
+void frmParables::lstParables_Click()
+{
+    const int row = lstParables->currentRow();
+    if (row < 0)
+        return;
+    txtTitle->setText(lstParables->item(row)->text());
+    showGospels(row + 1);
+}
+
+void frmParables::showGospels(int record)
+{
+    clsBible &bible = m_main.Bible();
+    for (int j = 0; j < GospelParallels::GospelCount; ++j) {
+        const auto gospel = GospelParallels::Gospel(j);
+        const bool tells = m_list.Tells(record, gospel);
+        if (tells)
+            ShowReferenceIn(rtfGospel[j], bible, m_list.Reference(record, gospel));
+        else
+            rtfGospel[j]->clear();
+        SSTab1->setTabEnabled(j, tells);
+    }
+    // A gospel silent on this one cannot stay in front: the first that tells it comes forward.
+    if (!SSTab1->isTabEnabled(SSTab1->currentIndex())) {
+        for (int j = 0; j < GospelParallels::GospelCount; ++j) {
+            if (SSTab1->isTabEnabled(j)) {
+                SSTab1->setCurrentIndex(j);
+                break;
+            }
+        }
+    }
+}

@@ -1,0 +1,75 @@
+#include "library/frmProphecies.h"
+
+#include "library/DataFiles.h"
+#include "library/MainWindowLink.h"
+#include "library/PassageView.h"
+#include "platform/RichTextBox.h"
+#include "settings/ProgramSettings.h"
+#include "settings/WindowPlacement.h"
+#include "settings/basSettings.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QListWidget>
+
+frmProphecies::frmProphecies(MainWindowLink &main, QWidget *parent)
+    : QWidget(parent, Qt::Window), m_main(main)
+{
+    setObjectName(QStringLiteral("frmProphecies"));
+    setWindowTitle(QStringLiteral("Prophecies and their Fulfilment"));
+    setAttribute(Qt::WA_DeleteOnClose);
+
+    lstProphecies = new QListWidget;
+    lstProphecies->setObjectName(QStringLiteral("lstProphecies"));
+    lstProphecies->setToolTip(QStringLiteral("Select a prophecy to read it beside its fulfilment"));
+    rtfOld = new platform::RichTextBox;
+    rtfOld->setObjectName(QStringLiteral("rtfOld"));
+    rtfOld->setLocked(true);
+    rtfNew = new platform::RichTextBox;
+    rtfNew->setObjectName(QStringLiteral("rtfNew"));
+    rtfNew->setLocked(true);
+
+    auto *layout = new QGridLayout(this);
+    auto *prophecies = new QLabel(QStringLiteral("&Prophecies:"));
+    prophecies->setBuddy(lstProphecies);
+    layout->addWidget(prophecies, 0, 0);
+    layout->addWidget(new QLabel(QStringLiteral("Prophecy:")), 0, 1);
+    layout->addWidget(new QLabel(QStringLiteral("Fulfilment:")), 0, 2);
+    layout->addWidget(lstProphecies, 1, 0);
+    layout->addWidget(rtfOld, 1, 1);
+    layout->addWidget(rtfNew, 1, 2);
+    layout->setColumnStretch(0, 2);
+    layout->setColumnStretch(1, 3);
+    layout->setColumnStretch(2, 3);
+    layout->setRowStretch(1, 1);
+    resize(900, 460);
+
+    // A change of row, by mouse or keys, is the list's click.
+    connect(lstProphecies, &QListWidget::currentRowChanged, this,
+            &frmProphecies::lstProphecies_Click);
+
+    Form_Load();
+}
+
+void frmProphecies::Form_Load()
+{
+    DisplaySettings &display = ProgramSettings::instance().display;
+    ApplyRichTextStyle(rtfOld, display.passage);
+    ApplyRichTextStyle(rtfNew, display.passage);
+    ApplyStyle(lstProphecies, display.navigation);
+    if (m_list.Load(DataFiles::Path(DataFiles::File::Prophecy)))
+        lstProphecies->addItems(m_list.Names());
+    else
+        DataFiles::ReportMissing(QLatin1Char('\'') + DataFiles::Name(DataFiles::File::Prophecy) +
+                                 QLatin1Char('\''));
+    (new WindowPlacement(this, QStringLiteral("prophecy")))->restore();
+}
+
+void frmProphecies::lstProphecies_Click()
+{
+    const int record = lstProphecies->currentRow() + 1;
+    if (record < 1)
+        return;
+    ShowReferenceIn(rtfOld, m_main.Bible(), m_list.Prophecy(record));
+    ShowReferenceIn(rtfNew, m_main.Bible(), m_list.Fulfilment(record));
+}

@@ -37,7 +37,9 @@ public:
 template <typename Window> class OpenedWindow
 {
 public:
-    explicit OpenedWindow(MainWindowLink &main) : m_window(new Window(main, nullptr))
+    explicit OpenedWindow(MainWindowLink &main) : OpenedWindow(new Window(main, nullptr)) {}
+    // A window the test made and prepared itself.
+    explicit OpenedWindow(Window *window) : m_window(window)
     {
         m_window->show();
         (void)QTest::qWaitForWindowExposed(m_window);

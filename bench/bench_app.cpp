@@ -3,6 +3,8 @@
 #include "SyntheticBible.h"
 #include "app/frmLoadVersion.h"
 #include "app/frmMain.h"
+#include "library/ReferenceLists.h"
+#include "library/frmTopics.h"
 #include "platform/MsgBox.h"
 #include "platform/RichTextBox.h"
 #include "scripture/NotesStore.h"
@@ -14,6 +16,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLabel>
+#include <QListWidget>
 #include <QPixmap>
 #include <QProcess>
 #include <QTabWidget>
@@ -30,7 +33,7 @@ QString programFolder()
         const QString root = QFileInfo(bible).absolutePath();
         QFile ini(root + QStringLiteral("/window.ini"));
         if (ini.open(QIODevice::WriteOnly))
-            ini.write("[]\r\nrememberwindowsetting=0\r\n[load]\r\nautoload=1\r\nversion=SYN\r\n");
+            ini.write("[]\r\nrememberwindowsetting=0\r\n[load]\r\nautoload=1\r\nversion=SYN\r\n[verseofday]\r\nshow=0\r\n");
         return root;
     }();
     return folder;
@@ -83,11 +86,11 @@ QString realProgramFolder()
         for (const QString &name : {QStringLiteral("KJV"), QStringLiteral("tvc"), QStringLiteral("notes")}) {
             QProcess::execute(QStringLiteral("cp"), {QStringLiteral("-r"), source + u'/' + name, dir.path()});
         }
-        for (const QString &name : {QStringLiteral("general.cfg"), QStringLiteral("display.cfg")})
+        for (const QString &name : {QStringLiteral("general.cfg"), QStringLiteral("display.cfg"), QStringLiteral("topics.dat")})
             QFile::copy(source + u'/' + name, dir.filePath(name));
         QFile ini(dir.filePath(QStringLiteral("window.ini")));
         if (ini.open(QIODevice::WriteOnly))
-            ini.write("[]\r\nrememberwindowsetting=0\r\n[load]\r\nautoload=1\r\nversion=KJV\r\n");
+            ini.write("[]\r\nrememberwindowsetting=0\r\n[load]\r\nautoload=1\r\nversion=KJV\r\n[verseofday]\r\nshow=0\r\n");
         // John 4 carries a page of formatted notes.
         QString notes = QStringLiteral("{\\rtf1\\ansi{\\fonttbl{\\f0 DejaVu Sans;}}{\\colortbl;\\red190\\green0\\blue0;}\r\n");
         for (int i = 0; i < 60; ++i)
@@ -138,5 +141,42 @@ void SwitchToNotes(benchmark::State &state)
     switchToTab(state, QStringLiteral("Notes"), QStringLiteral("rtfNotes"));
 }
 BENCHMARK(SwitchToNotes)->Unit(benchmark::kMillisecond);
+
+// The topic with the most references chosen in the topics window: every passage fetched,
+// formatted and shown in the main window, which is painted. Another topic is chosen between
+// rounds (untimed), so that each round shows the topic afresh.
+void LargestTopicInMainWindow(benchmark::State &state)
+{
+    ProgramSettings::instance().setProgramFolder(realProgramFolder());
+    NamedReferences topics;
+    topics.Load(realProgramFolder() + QStringLiteral("/topics.dat"));
+    int largest = 1;
+    for (int record = 1; record <= topics.Count(); ++record) {
+        if (topics.References(record).size() > topics.References(largest).size())
+            largest = record;
+    }
+    frmLoadVersion chooser;
+    chooser.Form_Load();
+    frmMain *main = chooser.MainWindow();
+    main->resize(1000, 720);
+    auto *window = new frmTopics(*main, main);
+    window->show();
+    auto *list = window->findChild<QListWidget *>(QStringLiteral("lstTopics"));
+    auto *passage = main->findChild<platform::RichTextBox *>(QStringLiteral("rtfPassage"));
+    QApplication::processEvents();
+    for (auto _ : state) {
+        state.PauseTiming();
+        list->setCurrentRow(largest == 1 ? 1 : 0);
+        QApplication::processEvents();
+        state.ResumeTiming();
+        list->setCurrentRow(largest - 1);
+        benchmark::DoNotOptimize(passage->viewport()->grab());
+    }
+    state.SetLabel(topics.Names().at(largest - 1).left(24).toStdString() + "..., " +
+                   std::to_string(topics.References(largest).size()) + " references, " +
+                   std::to_string(passage->Text().size()) + " characters");
+    delete main;
+}
+BENCHMARK(LargestTopicInMainWindow)->Unit(benchmark::kMillisecond);
 
 } // namespace

@@ -6,7 +6,9 @@
 #include "library/WordList.h"
 #include "library/frmBibleNames.h"
 #include "library/frmDictionary.h"
+#include "library/frmParables.h"
 #include "library/frmStrongLexicon.h"
+#include "library/frmTopics.h"
 #include "platform/MsgBox.h"
 #include "scripture/clsBible.h"
 #include "settings/ProgramSettings.h"
@@ -14,6 +16,10 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTabWidget>
 #include <QPixmap>
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
@@ -39,7 +45,8 @@ QString windowFolder()
              {QStringLiteral("Dictionary.dat"), QStringLiteral("names.dat"),
               QStringLiteral("display.cfg"), QStringLiteral("strong/hebrew.idx"),
               QStringLiteral("strong/hebrew.dat"), QStringLiteral("strong/greek.idx"),
-              QStringLiteral("strong/greek.dat")})
+              QStringLiteral("strong/greek.dat"), QStringLiteral("topics.dat"),
+              QStringLiteral("parables.dat"), QStringLiteral("miracles.dat")})
             QFile::copy(source + u'/' + name, dir.filePath(name));
         QFile ini(dir.filePath(QStringLiteral("window.ini")));
         if (ini.open(QIODevice::WriteOnly))
@@ -52,6 +59,7 @@ QString windowFolder()
 class NoMainWindow : public MainWindowLink
 {
 public:
+    NoMainWindow() { m_bible.setVersionPath(importedFolder() + QStringLiteral("/KJV")); }
     void GoToReference(const QString &) override {}
     void ShowPassage(const QString &, const QString &) override {}
     clsBible &Bible() override { return m_bible; }
@@ -138,5 +146,58 @@ void OpenStrongLexicon(benchmark::State &state)
     openWindow<frmStrongLexicon>(state);
 }
 BENCHMARK(OpenStrongLexicon)->Unit(benchmark::kMillisecond);
+
+// All 22,000 topic names listed.
+void OpenTopics(benchmark::State &state)
+{
+    openWindow<frmTopics>(state);
+}
+BENCHMARK(OpenTopics)->Unit(benchmark::kMillisecond);
+
+// A query typed into the topics window and its results listed and painted.
+void TopicSearch(benchmark::State &state)
+{
+    ProgramSettings::instance().setProgramFolder(windowFolder());
+    NoMainWindow main;
+    frmTopics window(main);
+    window.show();
+    auto *query = window.findChild<QLineEdit *>(QStringLiteral("txtQuery"));
+    auto *search = window.findChild<QPushButton *>(QStringLiteral("cmdSearch"));
+    auto *results = window.findChild<QListWidget *>(QStringLiteral("lstResults"));
+    window.findChild<QTabWidget *>(QStringLiteral("SSTab1"))->setCurrentIndex(1);
+    const QString text = state.range(0) == 0 ? QStringLiteral("love god") : QStringLiteral("faith");
+    query->setText(text);
+    for (auto _ : state) {
+        search->click();
+        benchmark::DoNotOptimize(results->viewport()->grab());
+    }
+    state.SetLabel(text.toStdString() + ": " + std::to_string(results->count()) + " results");
+}
+BENCHMARK(TopicSearch)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+
+// One name chosen in the parables (0) or miracles (1) window: each gospel that tells it fetched
+// from the KJV, formatted and put into its view, and the tab in front painted. The rounds go
+// through the whole list.
+void ParallelSelection(benchmark::State &state)
+{
+    ProgramSettings::instance().setProgramFolder(windowFolder());
+    NoMainWindow main;
+    const bool miracles = state.range(0) == 1;
+    auto *window = new frmParables(main);
+    window->SetDataFile(windowFolder() + (miracles ? QStringLiteral("/miracles.dat") : QStringLiteral("/parables.dat")));
+    window->SetTag(miracles ? frmParables::MiraclesTag : frmParables::ParablesTag);
+    window->show();
+    auto *list = window->findChild<QListWidget *>(QStringLiteral("lstParables"));
+    auto *tabs = window->findChild<QTabWidget *>(QStringLiteral("SSTab1"));
+    int row = 0;
+    for (auto _ : state) {
+        list->setCurrentRow(row);
+        benchmark::DoNotOptimize(tabs->currentWidget()->grab());
+        row = (row + 1) % list->count();
+    }
+    state.SetLabel(std::to_string(list->count()) + (miracles ? " miracles" : " parables"));
+    delete window;
+}
+BENCHMARK(ParallelSelection)->Arg(0)->Arg(1)->ArgName("miracles")->Unit(benchmark::kMillisecond);
 
 } // namespace

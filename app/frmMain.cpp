@@ -338,7 +338,8 @@ void frmMain::buildMenus()
     mnuTranslations = menuBar()->addMenu(QStringLiteral("&Translations"));
     mnuTranslations->setObjectName(QStringLiteral("mnuTranslations"));
 
-    QMenu *references = menuBar()->addMenu(QStringLiteral("&References"));
+    // Alt+R belongs to the reference box, which a reader reaches for far more often.
+    QMenu *references = menuBar()->addMenu(QStringLiteral("Refere&nces"));
     const auto reference = [this, references](const char *name, const QString &caption, auto handler) {
         QAction *action = references->addAction(caption, this, handler);
         action->setObjectName(QLatin1String(name));

@@ -1,5 +1,6 @@
 #include "library/ReferenceListWindow.h"
 
+#include "library/ReferenceViews.h"
 #include "scripture/basStrings.h"
 #include "settings/ProgramSettings.h"
 #include "settings/WindowPlacement.h"
@@ -57,9 +58,9 @@ ReferenceListWindow::ReferenceListWindow(const ReferenceListWindowTexts &texts,
 
     connect(txtQuery, &QLineEdit::returnPressed, cmdSearch, &QPushButton::click);
     connect(cmdSearch, &QPushButton::clicked, this, &ReferenceListWindow::cmdSearch_Click);
-    // A change of row, by mouse or keys or by a result, is the list's click.
-    connect(m_names, &QListWidget::currentRowChanged, this, &ReferenceListWindow::nameList_Click);
-    connect(lstResults, &QListWidget::currentRowChanged, this,
+    // A row chosen by mouse or keys (or by a result) is the list's click; the focus is not.
+    connect(m_names, &QListWidget::itemSelectionChanged, this, &ReferenceListWindow::nameList_Click);
+    connect(lstResults, &QListWidget::itemSelectionChanged, this,
             &ReferenceListWindow::lstResults_Click);
     // A result clicked again after browsing elsewhere goes back to its entry.
     connect(lstResults, &QListWidget::itemClicked, this, &ReferenceListWindow::lstResults_Click);
@@ -79,7 +80,13 @@ void ReferenceListWindow::Form_Load()
                                  QLatin1Char('\''));
     m_placement = new WindowPlacement(this, m_texts.section, m_texts.placementParts);
     m_placement->addTab(SSTab1);
+    // A window that keeps no place opens over the main window rather than where the window
+    // manager may let it run off the screen.
+    if (!(m_texts.placementParts & WindowPlacement::Position))
+        WindowPlacement::CentreOver(this, parentWidget());
     m_placement->restore();
+    // Typing goes to the list of names, which jumps to the name typed.
+    m_names->setFocus();
 }
 
 void ReferenceListWindow::addBesideTabs(QWidget *pane)
@@ -91,7 +98,7 @@ void ReferenceListWindow::addBesideTabs(QWidget *pane)
 int ReferenceListWindow::selectedRecord() const
 {
     // The list holds the names in file order, so an entry's record is its row plus one.
-    return m_names->currentRow() + 1;
+    return ChosenRow(m_names) + 1;
 }
 
 void ReferenceListWindow::cmdSearch_Click()
@@ -107,7 +114,7 @@ void ReferenceListWindow::cmdSearch_Click()
 
 void ReferenceListWindow::lstResults_Click()
 {
-    const QListWidgetItem *item = lstResults->currentItem();
+    const QListWidgetItem *item = lstResults->item(ChosenRow(lstResults));
     if (!item)
         return;
     const int index = item->data(Qt::UserRole).toInt();

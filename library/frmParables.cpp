@@ -2,7 +2,7 @@
 
 #include "library/DataFiles.h"
 #include "library/MainWindowLink.h"
-#include "library/PassageView.h"
+#include "library/ReferenceViews.h"
 #include "platform/RichTextBox.h"
 #include "scripture/clsBible.h"
 #include "settings/ProgramSettings.h"
@@ -44,20 +44,18 @@ frmParables::frmParables(MainWindowLink &main, QWidget *parent)
         rtfGospel[j]->setObjectName(QStringLiteral("rtfGospel%1").arg(j));
         rtfGospel[j]->setLocked(true);
         SSTab1->addTab(rtfGospel[j], QLatin1String(gospels[j]));
-        // Until a name is chosen there is nothing to read in any gospel.
-        SSTab1->setTabEnabled(j, false);
     }
     auto *right = new QVBoxLayout;
     right->addWidget(txtTitle);
     right->addWidget(SSTab1, 1);
 
     auto *layout = new QHBoxLayout(this);
-    layout->addLayout(left, 2);
-    layout->addLayout(right, 3);
-    resize(760, 480);
+    layout->addLayout(left, 0);
+    layout->addLayout(right, 1);
+    resize(780, 500);
 
-    // A change of row, by mouse or keys, is the list's click.
-    connect(lstParables, &QListWidget::currentRowChanged, this, &frmParables::lstParables_Click);
+    // A row chosen by mouse or keys is the list's click; the focus is not.
+    connect(lstParables, &QListWidget::itemSelectionChanged, this, &frmParables::lstParables_Click);
 
     Form_Load();
 }
@@ -78,6 +76,7 @@ void frmParables::SetDataFile(const QString &path)
         DataFiles::ReportMissing(path);
     Label1->setText(m_list.Heading());
     lstParables->addItems(m_list.Names());
+    FitListToNames(lstParables);
     if (!m_placement) {
         m_placement = new WindowPlacement(this, QStringLiteral("parables"));
         m_placement->restore();
@@ -106,7 +105,7 @@ frmParables *frmParables::FindOpen(const QString &tag)
 
 void frmParables::lstParables_Click()
 {
-    const int row = lstParables->currentRow();
+    const int row = ChosenRow(lstParables);
     if (row < 0)
         return;
     txtTitle->setText(lstParables->item(row)->text());

@@ -2,7 +2,7 @@
 
 #include "library/DataFiles.h"
 #include "library/MainWindowLink.h"
-#include "library/PassageView.h"
+#include "library/ReferenceViews.h"
 #include "platform/RichTextBox.h"
 #include "settings/ProgramSettings.h"
 #include "settings/WindowPlacement.h"
@@ -38,14 +38,14 @@ frmProphecies::frmProphecies(MainWindowLink &main, QWidget *parent)
     layout->addWidget(lstProphecies, 1, 0);
     layout->addWidget(rtfOld, 1, 1);
     layout->addWidget(rtfNew, 1, 2);
-    layout->setColumnStretch(0, 2);
+    layout->setColumnStretch(0, 0);
     layout->setColumnStretch(1, 3);
     layout->setColumnStretch(2, 3);
     layout->setRowStretch(1, 1);
-    resize(900, 460);
+    resize(1000, 480);
 
-    // A change of row, by mouse or keys, is the list's click.
-    connect(lstProphecies, &QListWidget::currentRowChanged, this,
+    // A row chosen by mouse or keys is the list's click; the focus is not.
+    connect(lstProphecies, &QListWidget::itemSelectionChanged, this,
             &frmProphecies::lstProphecies_Click);
 
     Form_Load();
@@ -57,17 +57,19 @@ void frmProphecies::Form_Load()
     ApplyRichTextStyle(rtfOld, display.passage);
     ApplyRichTextStyle(rtfNew, display.passage);
     ApplyStyle(lstProphecies, display.navigation);
-    if (m_list.Load(DataFiles::Path(DataFiles::File::Prophecy)))
+    if (m_list.Load(DataFiles::Path(DataFiles::File::Prophecy))) {
         lstProphecies->addItems(m_list.Names());
-    else
+        FitListToNames(lstProphecies);
+    } else {
         DataFiles::ReportMissing(QLatin1Char('\'') + DataFiles::Name(DataFiles::File::Prophecy) +
                                  QLatin1Char('\''));
+    }
     (new WindowPlacement(this, QStringLiteral("prophecy")))->restore();
 }
 
 void frmProphecies::lstProphecies_Click()
 {
-    const int record = lstProphecies->currentRow() + 1;
+    const int record = ChosenRow(lstProphecies) + 1;
     if (record < 1)
         return;
     ShowReferenceIn(rtfOld, m_main.Bible(), m_list.Prophecy(record));

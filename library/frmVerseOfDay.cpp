@@ -5,6 +5,7 @@
 #include "library/ReferencePassages.h"
 #include "scripture/basStrings.h"
 #include "settings/ProgramSettings.h"
+#include "settings/WindowPlacement.h"
 #include "settings/basSettings.h"
 
 #include <QCheckBox>
@@ -44,6 +45,8 @@ frmVerseOfDay::frmVerseOfDay(MainWindowLink &main, int showAtStartup, QWidget *p
     layout->setColumnStretch(0, 1);
     layout->setRowStretch(1, 1);
     resize(460, 260);
+    // It opens over the main window, where the reader is looking.
+    WindowPlacement::CentreOver(this, parent);
 
     // Only the user's click is saved, not the state the window opened with.
     connect(chkLoadVerseAtStartup, &QCheckBox::clicked, this,

@@ -88,6 +88,23 @@ QRect WindowPlacement::FitOnScreen(const QRect &outer, const QRect &available, c
     return fitted;
 }
 
+void WindowPlacement::CentreOver(QWidget *window, const QWidget *over)
+{
+    if (!window || !over)
+        return;
+    // The frame is not known before the window manager has framed the window: allow for a
+    // title bar.
+    const int titleBar = over->frameGeometry().height() - over->height();
+    QRect outer(QPoint(), window->size() + QSize(0, qMax(titleBar, 0)));
+    outer.moveCenter(over->frameGeometry().center());
+    QScreen *screen = QGuiApplication::screenAt(outer.center());
+    if (!screen)
+        screen = over->screen();
+    const QRect fitted = FitOnScreen(outer, screen ? screen->availableGeometry() : QRect(), window->minimumSize());
+    window->resize(fitted.width(), fitted.height() - qMax(titleBar, 0));
+    window->move(fitted.topLeft());
+}
+
 void WindowPlacement::restore()
 {
     if (!m_window)

@@ -52,6 +52,9 @@ public:
     // The window's placement on screen: the outer rectangle, in pixels, moved (and if need be
     // shrunk, down to the window's minimum size) so that it lies on the available screen.
     static QRect FitOnScreen(const QRect &outer, const QRect &available, const QSize &minimum);
+    // Puts a window that keeps no place of its own, before it is first shown, over the middle of
+    // another window and wholly on the screen.
+    static void CentreOver(QWidget *window, const QWidget *over);
 
 signals:
     // The splitters stand where they were saved; they are placed once the window is on screen.

@@ -11,6 +11,7 @@
 #include "settings/ProgramSettings.h"
 #include "settings/clsIni.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QFile>
 #include <QLabel>
@@ -113,7 +114,12 @@ private slots:
         QCOMPARE(tabs->tabText(0) + tabs->tabText(1) + tabs->tabText(2) + tabs->tabText(3),
                  QStringLiteral("MatthewMarkLukeJohn"));
 
+        // Taking the focus chooses nothing.
         auto *list = window.control<QListWidget>("lstParables");
+        QApplication::setActiveWindow(window.get());
+        list->setFocus(Qt::TabFocusReason);
+        QVERIFY(list->hasFocus());
+        QCOMPARE(window.control<QLineEdit>("txtTitle")->text(), QString());
         list->setCurrentRow(0);
         QCOMPARE(window.control<QLineEdit>("txtTitle")->text(), QStringLiteral("The sower"));
         QCOMPARE(enabledTabs(window), (QList<bool>{true, true, true, true}));
@@ -161,7 +167,7 @@ private slots:
         QPoint moved;
         {
             OpenedWindow<frmParables> miracles(parables(frmParables::MiraclesTag));
-            moved = QPoint(12, 34);
+            moved = QPoint(6, 34);
             miracles->move(moved);
         }
         QVERIFY(iniValue("parables", "left") != 1500);

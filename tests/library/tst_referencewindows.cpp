@@ -44,7 +44,13 @@ public:
     using support::OpenedWindow<Window>::OpenedWindow;
     using support::OpenedWindow<Window>::control;
 
-    int row(const char *name) const { return this->template control<QListWidget>(name)->currentRow(); }
+    // The row chosen in a list (selected), or -1.
+    int row(const char *name) const
+    {
+        auto *list = this->template control<QListWidget>(name);
+        const QList<QListWidgetItem *> chosen = list->selectedItems();
+        return chosen.isEmpty() ? -1 : list->row(chosen.first());
+    }
     void showTab(int index) const { this->template control<QTabWidget>("SSTab1")->setCurrentIndex(index); }
     void search(const QString &query) const
     {

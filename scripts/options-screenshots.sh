@@ -10,6 +10,8 @@ folder=$(cd "$1" && pwd)
 out=$(cd "$2" && pwd)
 if [ "${3:-}" != "--in-x" ]; then
     sh "$(dirname "$0")/setup.sh" xvfb xauth imagemagick xdotool openbox
+    # The verse of the day would open over the windows: not for these pictures.
+    sed -i "/^\[verseofday\]/,/^\[/ s/^show=.*/show=0\r/" "$folder/window.ini"
     exec xvfb-run -a -s "-screen 0 1280x860x24" sh "$0" "$folder" "$out" --in-x
 fi
 openbox >/dev/null 2>&1 &

@@ -115,3 +115,10 @@ void BookScan::run(const clsBible &store)
             return;
     }
 }
+
+QString OverLimitMessage(int limit)
+{
+    return QStringLiteral("There were over a ") + QString::number(limit) +
+           QStringLiteral(" results for your search,\r\n") +
+           QStringLiteral("please narrow it down or use the advanced search feature!");
+}

@@ -40,3 +40,6 @@ qsizetype FindWord(QStringView line, QStringView word, qsizetype from = 0);
 // Whether a word occurs in an upper-cased line as a whole word: the characters on either side of
 // some occurrence are not letters A to Z (the ends of the line count as boundaries).
 bool WholeWordMatch(QStringView upperLine, QStringView word);
+
+// What both searches tell the user when they found more results than the limit.
+QString OverLimitMessage(int limit);

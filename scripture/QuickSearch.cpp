@@ -62,10 +62,7 @@ QuickSearch::Result QuickSearch::run(const clsBible &store, const QString &query
         scan.afterBook = [&](int) {
             if (result.matchCount <= limit)
                 return true;
-            platform::MsgBox(QStringLiteral("There were over a ") + QString::number(limit) +
-                                 QStringLiteral(" results for your search,\r\n") +
-                                 QStringLiteral("please narrow it down or use the advanced search feature!"),
-                             vb::vbCritical | vb::vbOKOnly);
+            platform::MsgBox(OverLimitMessage(limit), vb::vbCritical | vb::vbOKOnly);
             setTitle(QStringLiteral("First ") + QString::number(limit) + QStringLiteral(" results."));
             return false;
         };

@@ -11,6 +11,7 @@
 #include "scripture/CommentaryStore.h"
 #include "scripture/NotesStore.h"
 #include "scripture/PassageFormatter.h"
+#include "scripture/AdvancedSearch.h"
 #include "scripture/QuickSearch.h"
 #include "scripture/StrongConcordance.h"
 #include "scripture/TranslationCheck.h"
@@ -26,6 +27,8 @@
 #include <QFileInfo>
 #include <QStringList>
 
+#include <optional>
+
 namespace {
 
 using namespace cli;
@@ -40,6 +43,8 @@ int usage()
         "  rtf REFERENCE                     the passage as a rich-text document\n"
         "  books                             number, name and chapter count of every book\n"
         "  search [--word] [--limit N] QUERY the quick keyword search over the translation\n"
+        "  search --mode exact|all|any [--word] [--books LIST] [--limit N] QUERY\n"
+        "                                    the advanced search; LIST like 1-39 or 1,19,40-43\n"
         "  concordance [--limit N] NUMBER    every verse carrying a Strong's number (H430, G26)\n"
         "  check FOLDER                      check a translation folder for problems\n"
         "  notes REFERENCE                   the notes kept for the reference's chapter (rich text)\n"
@@ -82,12 +87,34 @@ QString defaultTranslation(const QString &folder)
 
 // The quick search, or with concordance the Strong's concordance of a number; both print their
 // results, then the title line.
+// A book list such as "1-39", "40-66" or "1,19,40-43": entry i - 1 says whether book i is
+// chosen. Nothing when the list names no book or a book past the translation's last.
+std::optional<QList<bool>> bookList(const QString &list, int count)
+{
+    QList<bool> books(count, false);
+    for (const QString &part : list.split(u',')) {
+        const QStringList ends = part.trimmed().split(u'-');
+        bool okFirst = false;
+        bool okLast = false;
+        const int first = ends.first().toInt(&okFirst);
+        const int last = ends.size() == 2 ? ends.last().toInt(&okLast) : first;
+        if (!okFirst || (ends.size() == 2 && !okLast) || ends.size() > 2 || first < 1 || last > count ||
+            first > last)
+            return std::nullopt;
+        for (int b = first; b <= last; ++b)
+            books[b - 1] = true;
+    }
+    return books;
+}
+
 int searchCommand(const clsBible &bible, const QString &folder, QStringList args, bool concordance = false)
 {
     bool wholeWord = false;
     GeneralSettings general;
     general.read(ProgramFile(folder, QStringLiteral("general.cfg")));
     int limit = general.maxSearchResults;
+    std::optional<AdvancedSearch::Mode> mode;
+    QString books;
     while (!args.isEmpty() && args.first().startsWith(QStringLiteral("--"))) {
         const QString option = args.takeFirst();
         if (option == u"--word" && !concordance) {
@@ -97,22 +124,62 @@ int searchCommand(const clsBible &bible, const QString &folder, QStringList args
             limit = args.takeFirst().toInt(&ok);
             if (!ok || limit < 0 || limit > 32767)
                 return usage();
+        } else if (option == u"--mode" && !args.isEmpty() && !concordance) {
+            const QString name = args.takeFirst();
+            if (name == u"exact")
+                mode = AdvancedSearch::Mode::ExactPhrase;
+            else if (name == u"all")
+                mode = AdvancedSearch::Mode::AllWords;
+            else if (name == u"any")
+                mode = AdvancedSearch::Mode::AnyWord;
+            else
+                return usage();
+        } else if (option == u"--books" && !args.isEmpty() && !concordance) {
+            books = args.takeFirst();
         } else if (option == u"--") {
             break;
         } else {
             return usage();
         }
     }
-    if (args.size() != 1)
+    // A query of several words may come as several arguments.
+    if (args.isEmpty() || (concordance && args.size() != 1) || (!books.isEmpty() && !mode))
         return usage();
+    const QString query = args.join(u' ');
+
+    if (mode) {
+        AdvancedSearch::Options options{query, *mode, wholeWord, QList<bool>(bible.BooksCount(), true), limit};
+        if (!books.isEmpty()) {
+            const std::optional<QList<bool>> chosen = bookList(books, bible.BooksCount());
+            if (!chosen) {
+                err(QStringLiteral("\"%1\" names no books of this translation (1 to %2), such as 1-39 or 1,19,40-43.")
+                        .arg(books)
+                        .arg(bible.BooksCount()));
+                return Usage;
+            }
+            options.books = *chosen;
+        }
+        AdvancedSearch search;
+        search.onOverLimit = [](const QString &message) { platform::MsgBox(message, vb::vbCritical | vb::vbOKOnly); };
+        const AdvancedSearch::Result result = search.run(bible, options);
+        for (const QString &item : result.items)
+            out(item + u'\n');
+        if (!result.failureMessage.isEmpty()) {
+            platform::MsgBox(result.failureMessage);
+            return Problems;
+        }
+        out(result.title + u'\n');
+        return Ok;
+    }
+
     QuickSearch search;
     QuickSearch::Result result;
     if (!concordance) {
-        result = search.run(bible, args.first(), wholeWord, limit);
+        result = search.run(bible, query, wholeWord, limit);
     } else {
-        const QString number = StrongConcordance::Normalize(args.first());
+        const QString number = StrongConcordance::Normalize(query);
         if (number.isEmpty()) {
-            err(u'"' + args.first() + QStringLiteral("\" is not a Strong's number. Type H or G and the number, such as H430 or G26."));
+            err(u'"' + query + QStringLiteral("\" is not a Strong's number. Type H or G and the number, such as H430 or G26."));
             return Problems;
         }
         // The translation asked for when it carries the numbers, else the installed one that does.

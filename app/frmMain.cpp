@@ -1,5 +1,7 @@
 #include "app/frmMain.h"
 
+#include "app/frmSearch.h"
+
 #include "bookmarks/frmAddBookmark.h"
 #include "bookmarks/frmOrganizeBookmarks.h"
 #include "library/DataFiles.h"
@@ -202,6 +204,9 @@ void frmMain::buildControls()
     chkWordSearch = new QCheckBox(QStringLiteral("&Word Search"), frame);
     chkWordSearch->setObjectName(QStringLiteral("chkWordSearch"));
     chkWordSearch->setToolTip(QStringLiteral("Search for whole words only "));
+    cmdAdvanced = new QPushButton(QStringLiteral("Ad&vanced Search"), frame);
+    cmdAdvanced->setObjectName(QStringLiteral("cmdAdvanced"));
+    cmdAdvanced->setToolTip(QStringLiteral("Search chosen books for any word, all words or a phrase"));
     picProgress = new QProgressBar(frame);
     picProgress->setObjectName(QStringLiteral("picProgress"));
     picProgress->setTextVisible(false);
@@ -217,7 +222,8 @@ void frmMain::buildControls()
     grid->addWidget(txtQuery, 1, 1);
     grid->addWidget(cmdSearch, 1, 2);
     grid->addWidget(chkWordSearch, 1, 3);
-    grid->addWidget(picProgress, 1, 4);
+    grid->addWidget(cmdAdvanced, 1, 4);
+    grid->addWidget(picProgress, 1, 5);
     grid->setColumnStretch(1, 1);
     layout->addWidget(frame);
     setCentralWidget(central);
@@ -238,6 +244,8 @@ void frmMain::buildControls()
     connect(txtReference, &QLineEdit::returnPressed, this, &frmMain::cmdGet_Click);
     connect(cmdSearch, &QPushButton::clicked, this, &frmMain::cmdSearch_Click);
     connect(txtQuery, &QLineEdit::returnPressed, this, &frmMain::cmdSearch_Click);
+    // The button does what the Tools menu's entry does.
+    connect(cmdAdvanced, &QPushButton::clicked, this, [this] { mnuToolsSearch->trigger(); });
     connect(cmdCopy, &QPushButton::clicked, this, &frmMain::mnuEditCopyPassage_Click);
     connect(splitter, &QSplitter::splitterMoved, this, &frmMain::placeHeader);
     connect(SSTab1, &QTabWidget::currentChanged, this, [this](int index) {
@@ -361,6 +369,11 @@ void frmMain::buildMenus()
     references->addSeparator();
     reference("mnuReferencesUnits", QStringLiteral("&Units Table"), &frmMain::mnuReferencesUnits_Click);
     reference("mnuReferencesVerseOfDay", QStringLiteral("&Verse of the Day"), &frmMain::mnuReferencesVerseOfDay_Click);
+
+    // "&Tools" would share its key with "&Translations".
+    QMenu *tools = menuBar()->addMenu(QStringLiteral("T&ools"));
+    mnuToolsSearch = tools->addAction(QStringLiteral("Bible &Search"), this, &frmMain::mnuToolsSearch_Click);
+    mnuToolsSearch->setObjectName(QStringLiteral("mnuToolsSearch"));
 
     QMenu *help = menuBar()->addMenu(QStringLiteral("&Help"));
     help->addAction(QStringLiteral("&About Quillstone"), this, &frmMain::mnuHelpAbout_Click);
@@ -795,6 +808,11 @@ void frmMain::mnuReferencesUnits_Click()
         return;
     }
     DataFiles::ReportMissing(m_unitsPath);
+}
+
+void frmMain::mnuToolsSearch_Click()
+{
+    m_search.open([this] { return new frmSearch(*this, this); });
 }
 
 void frmMain::mnuReferencesMiracles_Click()

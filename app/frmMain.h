@@ -32,6 +32,7 @@ class WindowPlacement;
 class frmBibleNames;
 class frmDictionary;
 class frmProphecies;
+class frmSearch;
 class frmVerseOfDay;
 class frmStrongLexicon;
 class frmStories;
@@ -123,6 +124,7 @@ public slots:
     void mnuRightclickStrongLexicon_Click();
     void mnuRightClickLookupReference_Click();
     void mnuReferencesUnits_Click();
+    void mnuToolsSearch_Click();
     void mnuReferencesMiracles_Click();
     void mnuReferencesParables_Click();
     void mnuReferencesProphecies_Click();
@@ -185,6 +187,7 @@ private:
     ToolWindowSlot<frmTopics> m_topics;
     ToolWindowSlot<frmStories> m_stories;
     ToolWindowSlot<frmProphecies> m_prophecies;
+    ToolWindowSlot<frmSearch> m_search;
     ToolWindowSlot<frmVerseOfDay> m_verseOfDay;
     // Opened on the first visit to the commentary, which reads its book maps.
     std::unique_ptr<CommentaryStore> m_commentary;
@@ -220,6 +223,8 @@ private:
     QCheckBox *chkUpdateList = nullptr;
     QLineEdit *txtQuery = nullptr;
     QPushButton *cmdSearch = nullptr;
+    QPushButton *cmdAdvanced = nullptr;
+    QAction *mnuToolsSearch = nullptr;
     QCheckBox *chkWordSearch = nullptr;
     QPushButton *cmdCopy = nullptr;
     QTabWidget *SSTab1 = nullptr;

@@ -1,5 +1,7 @@
 #include "app/frmMain.h"
 
+#include "app/PassageFiles.h"
+#include "app/frmFind.h"
 #include "app/frmSearch.h"
 
 #include "bookmarks/frmAddBookmark.h"
@@ -14,6 +16,8 @@
 #include "library/frmTopics.h"
 #include "library/frmVerseOfDay.h"
 #include "platform/CSendMessage.h"
+#include "platform/CShell.h"
+#include "platform/clsCommonOpenDialog.h"
 #include "platform/InputBox.h"
 #include "platform/MsgBox.h"
 #include "platform/RichTextBox.h"
@@ -319,14 +323,25 @@ QWidget *frmMain::buildNotesTab()
 void frmMain::buildMenus()
 {
     QMenu *file = menuBar()->addMenu(QStringLiteral("&File"));
-    QAction *exit = file->addAction(QStringLiteral("E&xit"));
-    connect(exit, &QAction::triggered, this, &QWidget::close);
+    QMenu *exportMenu = file->addMenu(QStringLiteral("&Export"));
+    exportMenu->addAction(QStringLiteral("to &Notepad"), this, &frmMain::mnuFileExportNotepad_Click)
+        ->setObjectName(QStringLiteral("mnuFileExportNotepad"));
+    file->addAction(QStringLiteral("&Save"), QKeySequence::Save, this, &frmMain::mnuFileSave_Click)
+        ->setObjectName(QStringLiteral("mnuFileSave"));
+    mnuFilePrint = file->addAction(QStringLiteral("&Print current passage"), QKeySequence::Print, this,
+                                   &frmMain::mnuFilePrint_Click);
+    mnuFilePrint->setObjectName(QStringLiteral("mnuFilePrint"));
+    file->addSeparator();
+    file->addAction(QStringLiteral("E&xit"), this, &frmMain::mnuFileExit_Click)->setObjectName(QStringLiteral("mnuFileExit"));
 
     QMenu *edit = menuBar()->addMenu(QStringLiteral("&Edit"));
     edit->addAction(QStringLiteral("Select &All"), QKeySequence::SelectAll, this, &frmMain::mnuEditSelectAll_Click);
     edit->addAction(QStringLiteral("&Copy Selection"), QKeySequence::Copy, this, &frmMain::mnuEditCopy_Click);
     edit->addAction(QStringLiteral("Copy &Passage"), this, &frmMain::mnuEditCopyPassage_Click);
     edit->addAction(QStringLiteral("Copy &Book Name"), this, &frmMain::mnuEditCopyBookName_Click);
+    edit->addSeparator();
+    edit->addAction(QStringLiteral("&Find"), QKeySequence::Find, this, &frmMain::mnuEditFind_Click)
+        ->setObjectName(QStringLiteral("mnuEditFind"));
     edit->addSeparator();
     QAction *options = edit->addAction(QStringLiteral("&Options..."), QKeySequence(QStringLiteral("Ctrl+,")), this,
                                        &frmMain::mnuEditOptions_Click);
@@ -376,6 +391,13 @@ void frmMain::buildMenus()
     mnuToolsSearch->setObjectName(QStringLiteral("mnuToolsSearch"));
 
     QMenu *help = menuBar()->addMenu(QStringLiteral("&Help"));
+    help->addAction(QStringLiteral("&Contents"), QKeySequence::HelpContents, this, &frmMain::mnuHelpContents_Click)
+        ->setObjectName(QStringLiteral("mnuHelpContents"));
+    help->addAction(QStringLiteral("Quillstone on the &Web"), this, &frmMain::mnuHelpWebSite_Click)
+        ->setObjectName(QStringLiteral("mnuHelpWebSite"));
+    help->addAction(QStringLiteral("&Mailing List"), this, &frmMain::mnuHelpMailingList_Click)
+        ->setObjectName(QStringLiteral("mnuHelpMailingList"));
+    help->addSeparator();
     help->addAction(QStringLiteral("&About Quillstone"), this, &frmMain::mnuHelpAbout_Click);
 
     // The passage's pop-up menu is a menu of its own, never shown in the menu bar.
@@ -697,7 +719,104 @@ void frmMain::runSearch(const clsBible &store, const std::function<::QuickSearch
 
 platform::RichTextBox *frmMain::targetView() const
 {
+    // The view of the tab on show, by its caption.
+    const QString caption = tabCaption(SSTab1->currentIndex());
+    if (caption == kCommentaryCaption)
+        return rtfTVC;
+    if (caption == kNotesCaption)
+        return rtfNotes;
     return rtfPassage;
+}
+
+void frmMain::mnuEditFind_Click()
+{
+    // One dialog, beside the window, for as many presses of Find as the reader wants.
+    m_find.open([this] {
+        auto *find = new frmFind([this] { return targetView(); }, this);
+        find->setAttribute(Qt::WA_DeleteOnClose);
+        return find;
+    });
+}
+
+void frmMain::mnuFileExportNotepad_Click()
+{
+    // 1-2. The passage's text goes to "export.txt" in the program folder.
+    const QString path = PassageFiles::ExportPath(ProgramSettings::instance().programFolder());
+    const QString failure = PassageFiles::Write(path, rtfPassage->Text());
+    if (!failure.isEmpty()) {
+        platform::MsgBox(QStringLiteral("The passage could not be exported to ") + path + QStringLiteral(":\r\n") + failure,
+                         vb::vbCritical);
+        return;
+    }
+    // 3. It opens in the desktop's text editor, and the program goes on at once.
+    CShell shell;
+    shell.setFilename(path);
+    shell.setWindowState(CShell::SW_SHOWNORMAL);
+    shell.Execute();
+}
+
+void frmMain::mnuFileSave_Click()
+{
+    // 1. The save dialog, asking before a file is replaced.
+    clsCommonOpenDialog dialog;
+    dialog.setFilter(PassageFiles::SaveFilter());
+    dialog.setFilterIndex(1);
+    dialog.setDialogtitle(QStringLiteral("Filename to save to?"));
+    dialog.setOverWritePrompt(true);
+    dialog.setPathMustExist(true);
+    // 2. Cancel stops here.
+    if (!dialog.ShowSave(this))
+        return;
+    // 3-4. Rich text for the second type, plain text otherwise; the ending always added.
+    const bool rich = PassageFiles::SavesRichText(dialog.FilterIndex());
+    const QString path = PassageFiles::SaveName(dialog.filename(), dialog.FilterIndex());
+    // 5. One piece of text and a line break.
+    const QString failure = PassageFiles::Write(path, rich ? rtfPassage->TextRTF() : rtfPassage->Text());
+    if (!failure.isEmpty())
+        platform::MsgBox(QStringLiteral("The passage could not be saved to ") + path + QStringLiteral(":\r\n") + failure,
+                         vb::vbCritical);
+}
+
+void frmMain::mnuFilePrint_Click()
+{
+    platform::MsgBox(QStringLiteral("Printing is not available yet."), vb::vbInformation);
+}
+
+void frmMain::mnuFileExit_Click()
+{
+    // Closing saves the session, as closing the window does.
+    close();
+}
+
+void frmMain::mnuHelpContents_Click()
+{
+    // The help file when there is one, else the manual that comes with the program.
+    using DataFiles::File;
+    CShell shell;
+    shell.setFilename(DataFiles::Exists(File::Help) ? DataFiles::Path(File::Help) : DataFiles::Path(File::Manual));
+    shell.setWindowState(CShell::SW_SHOWNORMAL);
+    if (!shell.Execute())
+        platform::MsgBox(QStringLiteral("The help could not be opened: ") + shell.filename(), vb::vbExclamation);
+}
+
+void frmMain::mnuHelpWebSite_Click()
+{
+    CShell shell;
+    shell.setFilename(WebSite);
+    shell.setWindowState(CShell::SW_SHOWNORMAL);
+    shell.Execute();
+}
+
+void frmMain::mnuHelpMailingList_Click()
+{
+    const int answer = platform::MsgBox(
+        QStringLiteral("The mailinglist is designed to provide updates regarding software releases and updates to our product line.") +
+            QStringLiteral("\r\n") + QStringLiteral("Please visit our site and use the subscription form on there") +
+            QStringLiteral("\r\n\r\n") +
+            QStringLiteral("Click yes to visit our site to subscribe (you need to be connected to the internet to do this)?"),
+        vb::vbQuestion | vb::vbYesNo | vb::vbMsgBoxSetForeground, QStringLiteral("Mailing List"));
+    if (answer == vb::vbYes)
+        mnuHelpWebSite_Click();
 }
 
 void frmMain::mnuEditSelectAll_Click()

@@ -33,6 +33,7 @@ class frmBibleNames;
 class frmDictionary;
 class frmProphecies;
 class frmSearch;
+class frmFind;
 class frmVerseOfDay;
 class frmStrongLexicon;
 class frmStories;
@@ -51,6 +52,9 @@ class frmMain : public QMainWindow, public MainWindowLink
     Q_OBJECT
 
 public:
+    // The program's web site, opened from the Help menu.
+    static inline const QString WebSite = QStringLiteral("https://quillstone.example.org/");
+
     explicit frmMain(QWidget *parent = nullptr);
     ~frmMain() override;
 
@@ -125,6 +129,14 @@ public slots:
     void mnuRightClickLookupReference_Click();
     void mnuReferencesUnits_Click();
     void mnuToolsSearch_Click();
+    void mnuEditFind_Click();
+    void mnuFileExportNotepad_Click();
+    void mnuFileSave_Click();
+    void mnuFilePrint_Click();
+    void mnuFileExit_Click();
+    void mnuHelpContents_Click();
+    void mnuHelpWebSite_Click();
+    void mnuHelpMailingList_Click();
     void mnuReferencesMiracles_Click();
     void mnuReferencesParables_Click();
     void mnuReferencesProphecies_Click();
@@ -188,6 +200,7 @@ private:
     ToolWindowSlot<frmStories> m_stories;
     ToolWindowSlot<frmProphecies> m_prophecies;
     ToolWindowSlot<frmSearch> m_search;
+    ToolWindowSlot<frmFind> m_find;
     ToolWindowSlot<frmVerseOfDay> m_verseOfDay;
     // Opened on the first visit to the commentary, which reads its book maps.
     std::unique_ptr<CommentaryStore> m_commentary;
@@ -225,6 +238,7 @@ private:
     QPushButton *cmdSearch = nullptr;
     QPushButton *cmdAdvanced = nullptr;
     QAction *mnuToolsSearch = nullptr;
+    QAction *mnuFilePrint = nullptr;
     QCheckBox *chkWordSearch = nullptr;
     QPushButton *cmdCopy = nullptr;
     QTabWidget *SSTab1 = nullptr;

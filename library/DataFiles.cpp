@@ -39,6 +39,8 @@ QString RelativePath(File file)
         return QStringLiteral("verses.dat");
     case File::Help:
         return QStringLiteral("help\\bible.chm");
+    case File::Manual:
+        return QStringLiteral("help\\index.html");
     case File::Credits:
         return QStringLiteral("CREDITS.md");
     }

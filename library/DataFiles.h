@@ -22,6 +22,7 @@ enum class File {
     Units,
     Verses,
     Help,
+    Manual,            // our own manual, opened when there is no help file
     Credits,
 };
 

@@ -1,13 +1,18 @@
 # Copies the files we author from data/ into the program folder (cmake -P, with DATA_DIR and
-# PROGRAM_DIR). Reference files follow data/; the settings files and bookmarks are the user's and
-# are copied only when the program folder has none. Each copy goes through a temporary file that
-# is renamed into place, so an interrupted copy never leaves half a file.
+# PROGRAM_DIR). Reference files and the help manual (data/help/ into help/) follow data/; the
+# settings files and bookmarks are the user's and are copied only when the program folder has none.
+# Each copy goes through a temporary file that is renamed into place, so an interrupted copy never
+# leaves half a file.
 set(QS_AUTHORED parables.dat miracles.dat prophecy.dat stories.dat Units.rtf verses.dat CREDITS.md)
+file(GLOB_RECURSE QS_HELP_FILES RELATIVE ${DATA_DIR} ${DATA_DIR}/help/*)
+list(APPEND QS_AUTHORED ${QS_HELP_FILES})
 set(QS_USER_FILES window.ini general.cfg display.cfg bookmarks.dat)
 
 function(qs_copy_atomically from to)
   get_filename_component(name ${to} NAME)
-  set(temporary ${PROGRAM_DIR}/.${name}.copying)
+  get_filename_component(folder ${to} DIRECTORY)
+  file(MAKE_DIRECTORY ${folder})
+  set(temporary ${folder}/.${name}.copying)
   file(COPY_FILE ${from} ${temporary})
   file(RENAME ${temporary} ${to})
 endfunction()

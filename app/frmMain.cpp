@@ -2,6 +2,7 @@
 
 #include "app/PassageFiles.h"
 #include "app/frmFind.h"
+#include "app/frmPrint.h"
 #include "app/frmSearch.h"
 
 #include "bookmarks/frmAddBookmark.h"
@@ -779,7 +780,9 @@ void frmMain::mnuFileSave_Click()
 
 void frmMain::mnuFilePrint_Click()
 {
-    platform::MsgBox(QStringLiteral("Printing is not available yet."), vb::vbInformation);
+    // The view on show, under the title of what it shows.
+    frmPrint dialog(targetView()->document(), lbltitle->text(), this);
+    dialog.exec();
 }
 
 void frmMain::mnuFileExit_Click()

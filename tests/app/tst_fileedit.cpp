@@ -1,0 +1,225 @@
+// The main window's small commands as a reader uses them: Find stepping through the text on show,
+// the copies to the clipboard, export and save, and the Help menu.
+#include "../support/HookGuards.h"
+#include "../support/ProgramHarness.h"
+#include "../support/TranslationFixture.h"
+#include "app/frmFind.h"
+#include "platform/FileSystem.h"
+#include "platform/MsgBoxAnswerer.h"
+#include "platform/RichTextBox.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QDir>
+#include <QFile>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace fixture;
+using support::ProgramHarness;
+
+class TestFileEdit : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_dir;
+
+    static QString read(const QString &path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    }
+
+    static frmFind *openFind(ProgramHarness &program, const QString &word, bool wholeWord = false)
+    {
+        program.control<QAction>("mnuEditFind")->trigger();
+        auto *find = program.main()->findChild<frmFind *>();
+        if (!find)
+            qFatal("no find dialog");
+        find->findChild<QLineEdit *>(QStringLiteral("txtSearch"))->setText(word);
+        find->findChild<QCheckBox *>(QStringLiteral("chkWordSearch"))->setChecked(wholeWord);
+        return find;
+    }
+    static void press(frmFind *find) { find->findChild<QPushButton *>(QStringLiteral("cmdFind"))->click(); }
+
+private slots:
+    void initTestCase()
+    {
+        const QStringList genesis{"CHAPTER 1", "1 Let there be light: and there was LIGHT.", "2 God saw the Light",
+                                  "CHAPTER 2", "1 delight"};
+        makeTranslation(m_dir.path(), QStringLiteral("KJV"), wholeBible({{QStringLiteral("Genesis"), false, genesis}}),
+                        QStringLiteral("Test Version"));
+        writeFile(m_dir.filePath(QStringLiteral("bookmarks.dat")), "");
+        writeFile(m_dir.filePath(QStringLiteral("window.ini")), "[load]\r\nautoload=0\r\n[verseofday]\r\nshow=0\r\n");
+    }
+
+    void findStepsThroughTheText()
+    {
+        platform::MsgBoxAnswerer answers;
+        ProgramHarness program(m_dir.path());
+        QVERIFY(program.start(QStringLiteral("KJV")));
+        auto *view = program.control<platform::RichTextBox>("rtfPassage");
+        const QString text = view->Text();
+        frmFind *find = openFind(program, QStringLiteral("light"));
+        QCOMPARE(find->windowTitle(), QStringLiteral("Find within results"));
+
+        // Every occurrence in order, whatever its case, then the message once and the top again.
+        QList<int> found;
+        for (int i = 0; i < 3; ++i) {
+            press(find);
+            found << view->SelStart();
+            QCOMPARE(view->SelText().toLower(), QStringLiteral("light"));
+        }
+        QCOMPARE(found, (QList<int>{int(text.indexOf(QStringLiteral("light"))), int(text.indexOf(QStringLiteral("LIGHT"))),
+                                    int(text.indexOf(QStringLiteral("Light")))}));
+        QCOMPARE(answers.count(), 0);
+        press(find);
+        QCOMPARE(answers.prompts(), QStringList{"No (more) results were found"});
+        press(find);
+        QCOMPARE(view->SelStart(), found.first());
+
+        // Whole words only ask for a blank before the word.
+        find->findChild<QCheckBox *>(QStringLiteral("chkWordSearch"))->setChecked(true);
+        view->setSelStart(0);
+        press(find);
+        QCOMPARE(view->SelText(), QStringLiteral(" light"));
+        find->findChild<QLineEdit *>(QStringLiteral("txtSearch"))->setText(QStringLiteral("GENESIS"));
+        view->setSelStart(0);
+        press(find);
+        QCOMPARE(answers.count(), 2);
+    }
+
+    void findSearchesTheNotesOnShow()
+    {
+        platform::MsgBoxAnswerer answers;
+        ProgramHarness program(m_dir.path());
+        QVERIFY(program.start(QStringLiteral("KJV")));
+        program.control<QTabWidget>("SSTab1")->setCurrentIndex(1);
+        auto *notes = program.control<platform::RichTextBox>("rtfNotes");
+        notes->setText(QStringLiteral("my own note on the light"));
+        frmFind *find = openFind(program, QStringLiteral("own note"));
+        press(find);
+        QCOMPARE(notes->SelText(), QStringLiteral("own note"));
+        QCOMPARE(program.control<platform::RichTextBox>("rtfPassage")->SelLength(), 0);
+        answers.enqueue(vb::vbNo); // leave the notes unsaved when the harness closes
+    }
+
+    void copies()
+    {
+        platform::MsgBoxAnswerer answers;
+        ProgramHarness program(m_dir.path());
+        QVERIFY(program.start(QStringLiteral("KJV")));
+        auto *view = program.control<platform::RichTextBox>("rtfPassage");
+        QApplication::clipboard()->setText(QStringLiteral("before"));
+        view->setSelStart(0);
+        program.main()->mnuEditCopy_Click();
+        QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("before"));
+
+        // Copy Passage cuts the last two characters, whatever they are.
+        program.main()->mnuEditCopyPassage_Click();
+        QCOMPARE(QApplication::clipboard()->text(), view->Text().chopped(2));
+        view->setText(QStringLiteral("x"));
+        program.main()->mnuEditCopyPassage_Click();
+        QCOMPARE(QApplication::clipboard()->text(), QString());
+    }
+
+    void exportAndSave_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<int>("filter");
+        QTest::addColumn<QString>("written");
+        QTest::addColumn<bool>("rich");
+        QTest::newRow("rich text") << "notes" << 2 << "notes.rtf" << true;
+        QTest::newRow("text, ending typed") << "notes.txt" << 1 << "notes.txt.txt" << false;
+        QTest::newRow("all files save text") << "passage" << 3 << "passage.txt" << false;
+    }
+
+    void exportAndSave()
+    {
+        QFETCH(QString, name);
+        QFETCH(int, filter);
+        QFETCH(QString, written);
+        QFETCH(bool, rich);
+        platform::MsgBoxAnswerer answers;
+        ProgramHarness program(m_dir.path());
+        QVERIFY(program.start(QStringLiteral("KJV")));
+        const QString shown = program.control<platform::RichTextBox>("rtfPassage")->Text();
+
+        QTemporaryDir out;
+        QString title;
+        int flags = 0;
+        {
+            support::FileAnswer answer([&](clsCommonOpenDialog &dialog, bool save) {
+                title = dialog.Dialogtitle();
+                flags = dialog.flags();
+                dialog.setFilename(out.filePath(name));
+                dialog.setFilterIndex(filter);
+                return save;
+            });
+            program.control<QAction>("mnuFileSave")->trigger();
+        }
+        QCOMPARE(title, QStringLiteral("Filename to save to?"));
+        QVERIFY(flags & clsCommonOpenDialog::OFN_OVERWRITEPROMPT);
+        const QString content = read(out.filePath(written));
+        if (rich)
+            QVERIFY2(content.startsWith(QStringLiteral("{\\rtf")), qPrintable(content.left(40)));
+        else
+            QCOMPARE(content, shown + QStringLiteral("\r\n"));
+
+        // Export writes "export.txt" beside the program and opens it.
+        support::ShellRecorder shell;
+        program.control<QAction>("mnuFileExportNotepad")->trigger();
+        QCOMPARE(read(m_dir.filePath(QStringLiteral("export.txt"))), shown + QStringLiteral("\r\n"));
+        QCOMPARE(shell.opened.size(), 1);
+        QVERIFY(shell.opened.first().toLocalFile().endsWith(QStringLiteral("/export.txt")));
+        QCOMPARE(answers.count(), 0);
+    }
+
+    void saveCancelledWritesNothing()
+    {
+        ProgramHarness program(m_dir.path());
+        QVERIFY(program.start(QStringLiteral("KJV")));
+        QTemporaryDir out;
+        support::FileAnswer answer([&](clsCommonOpenDialog &dialog, bool) {
+            dialog.setFilename(out.filePath(QStringLiteral("cancelled")));
+            return false;
+        });
+        program.control<QAction>("mnuFileSave")->trigger();
+        QVERIFY(QDir(out.path()).isEmpty());
+    }
+
+    void helpMenu()
+    {
+        platform::MsgBoxAnswerer answers;
+        ProgramHarness program(m_dir.path());
+        QVERIFY(program.start(QStringLiteral("KJV")));
+        support::ShellRecorder shell;
+        // No help file: the manual that comes with the program.
+        program.control<QAction>("mnuHelpContents")->trigger();
+        QVERIFY(shell.opened.last().toLocalFile().endsWith(QStringLiteral("help/index.html")));
+        writeFile(m_dir.filePath(QStringLiteral("help/bible.chm")), "chm");
+        program.control<QAction>("mnuHelpContents")->trigger();
+        QVERIFY(shell.opened.last().toLocalFile().endsWith(QStringLiteral("help/bible.chm")));
+        QFile::remove(m_dir.filePath(QStringLiteral("help/bible.chm")));
+
+        // The mailing list asks first; only Yes opens the site.
+        answers.enqueue(vb::vbNo);
+        answers.enqueue(vb::vbYes);
+        program.control<QAction>("mnuHelpMailingList")->trigger();
+        QCOMPARE(shell.opened.size(), 2);
+        program.control<QAction>("mnuHelpMailingList")->trigger();
+        QCOMPARE(shell.opened.size(), 3);
+        QCOMPARE(shell.opened.last().toString(), frmMain::WebSite);
+        QCOMPARE(answers.last().title, QStringLiteral("Mailing List"));
+        QCOMPARE(answers.last().buttons, int(vb::vbQuestion | vb::vbYesNo | vb::vbMsgBoxSetForeground));
+        QVERIFY(answers.last().prompt.startsWith(QStringLiteral("The mailinglist is designed")));
+    }
+};
+
+QTEST_MAIN(TestFileEdit)
+#include "tst_fileedit.moc"

@@ -2,6 +2,7 @@
 // translation; saving and reading notes, and the commentary on a chapter.
 #include "SyntheticBible.h"
 #include "platform/MsgBox.h"
+#include "scripture/AdvancedSearch.h"
 #include "scripture/BookFiles.h"
 #include "scripture/CommentaryStore.h"
 #include "scripture/NotesStore.h"
@@ -100,6 +101,40 @@ void QuickSearchTwoWords(benchmark::State &state)
 BENCHMARK(QuickSearchTwoWords)->Unit(benchmark::kMillisecond);
 
 BENCHMARK(QuickSearchFirstRead)->Unit(benchmark::kMillisecond);
+
+void QuickSearchLoveGod(benchmark::State &state)
+{
+    QuickSearch search;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(search.run(store(), QStringLiteral("love god"), false, 500));
+}
+BENCHMARK(QuickSearchLoveGod)->Unit(benchmark::kMillisecond);
+
+void QuickSearchLoveGodFirstRead(benchmark::State &state)
+{
+    QuickSearch search;
+    for (auto _ : state) {
+        BookFiles::clear();
+        benchmark::DoNotOptimize(search.run(store(), QStringLiteral("love god"), false, 500));
+    }
+}
+BENCHMARK(QuickSearchLoveGodFirstRead)->Unit(benchmark::kMillisecond);
+
+// "love god" over the whole Bible in each mode: 0 any word, 1 all words, 2 the exact phrase.
+void AdvancedSearchMode(benchmark::State &state)
+{
+    const auto mode = AdvancedSearch::Mode(state.range(0));
+    AdvancedSearch search;
+    const AdvancedSearch::Options options{QStringLiteral("love god"), mode, false, QList<bool>(store().BooksCount(), true), 32767};
+    qsizetype found = 0;
+    for (auto _ : state) {
+        const AdvancedSearch::Result result = search.run(store(), options);
+        found = result.items.size();
+        benchmark::DoNotOptimize(result);
+    }
+    state.SetLabel(std::to_string(found) + " results");
+}
+BENCHMARK(AdvancedSearchMode)->Arg(0)->Arg(1)->Arg(2)->ArgName("mode")->Unit(benchmark::kMillisecond);
 
 // About 3 KB of rich text, as the notes view writes it.
 QString notesRtf(int chapter, int version)

@@ -1,6 +1,8 @@
 #include "platform/FileSystem.h"
 
+#include <QDateTime>
 #include <QDir>
+#include <QHash>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
@@ -22,6 +24,29 @@ bool IsUsablePath(const QString &path)
     return !path.isEmpty() && !path.contains(QChar(0));
 }
 
+namespace {
+
+// A folder's entries, read again only when the folder has changed: finding the 66 book files of a
+// translation without regard to case would otherwise read each testament's folder once a book.
+QStringList folderEntries(const QString &folder)
+{
+    struct Listing
+    {
+        QDateTime changed;
+        QStringList entries;
+    };
+    static QHash<QString, Listing> listings;
+    const QDateTime changed = QFileInfo(folder).lastModified();
+    auto it = listings.constFind(folder);
+    if (it != listings.cend() && it->changed == changed && changed.isValid())
+        return it->entries;
+    QStringList entries = QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    listings.insert(folder, Listing{changed, entries});
+    return entries;
+}
+
+} // namespace
+
 QString ResolvePath(const QString &path)
 {
     if (!IsUsablePath(path))
@@ -41,8 +66,7 @@ QString ResolvePath(const QString &path)
         if (part == u"." || part == u".." || QFileInfo::exists(base + u'/' + part)) {
             found = part;
         } else {
-            const QStringList entries =
-                QDir(base).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+            const QStringList entries = folderEntries(base);
             for (const QString &entry : entries) {
                 if (entry.compare(part, Qt::CaseInsensitive) == 0) {
                     found = entry;

@@ -1,5 +1,7 @@
 #include "scripture/AdvancedSearch.h"
 
+#include <algorithm>
+
 #include "platform/MsgBox.h"
 #include "platform/VbError.h"
 #include "scripture/BookScan.h"
@@ -8,11 +10,6 @@
 #include "scripture/clsSeparation.h"
 
 namespace {
-
-bool occurs(QStringView upperLine, QStringView term, bool wholeWord)
-{
-    return wholeWord ? WholeWordMatch(upperLine, term) : FindWord(upperLine, term) >= 0;
-}
 
 // The verse number: the line up to its first blank, trimmed.
 QString verseNumber(const QString &line)
@@ -46,33 +43,35 @@ AdvancedSearch::Result AdvancedSearch::run(const clsBible &store, const Options 
     result.ran = true;
 
     // 4. The word list, then 5. the mode.
-    const QStringList words = Words(trimmed);
-    result.mode = ModeToRun(words, options.mode);
-    const QString phrase = basStrings::UpperCase(trimmed);
+    const QStringList wordList = Words(trimmed);
+    result.mode = ModeToRun(wordList, options.mode);
+    const SearchTerm phrase(basStrings::UpperCase(trimmed));
+    QList<SearchTerm> words;
+    for (const QString &word : wordList)
+        words.append(SearchTerm(word));
 
-    const auto matches = [&](QStringView upper) {
+    const auto matches = [&](const BookScan::Line &line) {
         switch (result.mode) {
         case Mode::ExactPhrase:
-            return occurs(upper, phrase, options.wholeWord);
-        case Mode::AnyWord: {
-            // Every word is tried, without stopping at the first that is found.
-            bool found = false;
-            for (const QString &word : words)
-                found = occurs(upper, word, options.wholeWord) || found;
-            return found;
-        }
-        case Mode::AllWords: {
-            bool found = true;
-            for (const QString &word : words)
-                found = occurs(upper, word, options.wholeWord) && found;
-            return found;
-        }
+            return phrase.In(line, options.wholeWord);
+        // The flag is OR (any word) or AND (all words) of every word's test, in order; once it
+        // cannot change, the words left are not tried, which gives the same flag sooner.
+        case Mode::AnyWord:
+            return std::any_of(words.cbegin(), words.cend(),
+                               [&](const SearchTerm &word) { return word.In(line, options.wholeWord); });
+        case Mode::AllWords:
+            return std::all_of(words.cbegin(), words.cend(),
+                               [&](const SearchTerm &word) { return word.In(line, options.wholeWord); });
         }
         return false;
     };
 
     const int limit = options.limit;
     const int books = store.BooksCount();
+    // "Book chapter:", made again only when the book or the chapter changes.
+    QString place;
+    int placeBook = 0;
+    QString placeChapter;
     try {
         BookScan scan;
         scan.beforeBook = [&](int b) {
@@ -81,10 +80,15 @@ AdvancedSearch::Result AdvancedSearch::run(const clsBible &store, const Options 
             return options.books.value(b - 1, false);
         };
         scan.onLine = [&](const BookScan::Line &line) {
-            if (matches(line.upper)) {
-                const QString place = store.BookName(line.book) + u' ' + line.chapter + u':';
-                result.items.append(place + verseNumber(line.text));
-                result.lines.append(place + line.text + QStringLiteral("\r\n\r\n"));
+            if (matches(line)) {
+                if (line.book != placeBook || line.chapter != placeChapter) {
+                    placeBook = line.book;
+                    placeChapter = line.chapter;
+                    place = store.BookName(line.book) + u' ' + line.chapter + u':';
+                }
+                const QString text = line.text();
+                result.items.append(place + verseNumber(text));
+                result.lines.append(place + text + QStringLiteral("\r\n\r\n"));
             }
             return result.items.size() > limit ? BookScan::Next::Book : BookScan::Next::Line;
         };

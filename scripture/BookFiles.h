@@ -1,12 +1,17 @@
 #pragma once
 
+#include "platform/TextCodec.h"
+
+#include <QByteArray>
+#include <QList>
 #include <QString>
 #include <QStringList>
 #include <memory>
+#include <optional>
 
-// Decoded book files, kept while they are unchanged on disk. Fetching a passage and searching the
-// whole translation read the same files again and again; keeping their lines (and an upper-cased
-// copy for the searches) makes both immediate after the first read. A file is read again when its
+// Book files, kept while they are unchanged on disk. Fetching a passage and searching the whole
+// translation read the same files again and again; keeping their decoded lines (for passages) and
+// their bytes (for the searches) makes both immediate after the first read. A file is read again when its
 // size or modification time changes, and the program drops a file it rewrites itself.
 class BookFiles
 {
@@ -14,14 +19,39 @@ public:
     struct Content
     {
         QStringList lines;
-        QStringList upper; // filled on first use by a search
     };
 
     // The decoded lines of a book file, or nullptr when it cannot be read.
     static std::shared_ptr<const Content> lines(const QString &path);
 
-    // The same with the upper-cased copy of every line filled in.
-    static std::shared_ptr<const Content> upperLines(const QString &path);
+    // A book file as the searches read it: its bytes, never decoded as a whole. A line of plain
+    // ASCII is searched in the upper-cased bytes; only the other lines, and the lines a search
+    // lists, are decoded, in the encoding the whole file is read in.
+    struct Bytes
+    {
+        struct Span
+        {
+            qsizetype start = 0;
+            qsizetype length = 0;
+            bool ascii = true;
+        };
+        QByteArray bytes; // the file as stored
+        QByteArray upper; // the same with the letters a to z upper-cased
+        QList<Span> lines; // split at CR LF, LF or CR, as the text of the file is
+
+        // The line as text, and upper-cased as the searches compare it; the upper-cased text of
+        // a line that is not plain ASCII is kept once made.
+        QString Text(qsizetype line) const;
+        const QString &UpperText(qsizetype line) const;
+
+    private:
+        platform::TextEncoding encoding() const;
+        mutable std::optional<platform::TextEncoding> m_encoding;
+        mutable QList<QString> m_upperText;
+    };
+
+    // The bytes of a book file, or nullptr when it cannot be read.
+    static std::shared_ptr<const Bytes> bytes(const QString &path);
 
     static void forget(const QString &path);
     static void clear();

@@ -6,10 +6,20 @@
 #include "scripture/ChapterMarker.h"
 #include "scripture/clsBible.h"
 
+#include <string_view>
+
 namespace {
 bool isLetter(QChar c)
 {
     return c >= u'A' && c <= u'Z';
+}
+
+bool isMarker(const BookFiles::Bytes &file, qsizetype line)
+{
+    const BookFiles::Bytes::Span &span = file.lines.at(line);
+    if (!span.ascii)
+        return ChapterMarker::IsMarker(file.UpperText(line));
+    return span.length >= 7 && std::string_view(file.upper.constData() + span.start, 7) == "CHAPTER";
 }
 } // namespace
 
@@ -29,50 +39,127 @@ int letterFrequency(QChar c)
 }
 } // namespace
 
-qsizetype FindWord(QStringView line, QStringView word, qsizetype from)
+namespace {
+
+char16_t unit(QStringView text, qsizetype i)
+{
+    return text[i].unicode();
+}
+char16_t unit(std::string_view text, qsizetype i)
+{
+    return static_cast<unsigned char>(text[size_t(i)]);
+}
+qsizetype indexOf(QStringView text, char16_t key, qsizetype from)
+{
+    return text.indexOf(QChar(key), from);
+}
+qsizetype indexOf(std::string_view text, char16_t key, qsizetype from)
+{
+    const size_t at = text.find(char(key), size_t(from));
+    return at == std::string_view::npos ? -1 : qsizetype(at);
+}
+bool sameAt(QStringView line, qsizetype start, QStringView word)
+{
+    return line.mid(start, word.size()) == word;
+}
+bool sameAt(std::string_view line, qsizetype start, std::string_view word)
+{
+    return line.compare(size_t(start), word.size(), word) == 0;
+}
+
+template<typename View>
+qsizetype findWord(View line, View word, qsizetype from)
 {
     // Every line of the translation goes through here: look for the word's rarest character with
     // the vectorised single-character search, then compare the whole word around it, which is
     // several times faster than a general substring search on short lines.
-    if (word.isEmpty())
-        return from <= line.size() ? from : -1;
+    const qsizetype lineSize = qsizetype(line.size());
+    const qsizetype wordSize = qsizetype(word.size());
+    if (wordSize == 0)
+        return from <= lineSize ? from : -1;
+    // Blanks, digits and marks count as common as the commonest letter, so a phrase is not
+    // looked for by its blank.
+    const auto rank = [&](qsizetype k) {
+        const int f = letterFrequency(QChar(unit(word, k)));
+        return f < 0 ? 26 : f;
+    };
     qsizetype pivot = 0;
-    for (qsizetype k = 1, best = letterFrequency(word[0]); k < word.size() && best >= 0; ++k) {
-        const int f = letterFrequency(word[k]);
+    for (qsizetype k = 1, best = rank(0); k < wordSize && best > 0; ++k) {
+        const int f = rank(k);
         if (f < best) {
             best = f;
             pivot = k;
         }
     }
-    const QChar key = word[pivot];
-    const qsizetype last = line.size() - word.size();
+    const char16_t key = unit(word, pivot);
+    const qsizetype last = lineSize - wordSize;
     while (from <= last) {
-        const qsizetype at = line.indexOf(key, from + pivot);
+        const qsizetype at = indexOf(line, key, from + pivot);
         if (at < 0 || at - pivot > last)
             return -1;
         const qsizetype start = at - pivot;
-        if (line.mid(start, word.size()) == word)
+        if (sameAt(line, start, word))
             return start;
         from = start + 1;
     }
     return -1;
 }
 
-bool WholeWordMatch(QStringView upperLine, QStringView word)
+template<typename View>
+bool wholeWordMatch(View upperLine, View word)
 {
+    const qsizetype size = qsizetype(upperLine.size());
     qsizetype from = 0;
-    while (from <= upperLine.size()) {
-        const qsizetype at = FindWord(upperLine, word, from);
+    while (from <= size) {
+        const qsizetype at = findWord(upperLine, word, from);
         if (at < 0)
             return false;
-        const qsizetype end = at + word.size();
-        const bool before = at == 0 || !isLetter(upperLine[at - 1]);
-        const bool after = end >= upperLine.size() || !isLetter(upperLine[end]);
+        const qsizetype end = at + qsizetype(word.size());
+        const bool before = at == 0 || !isLetter(QChar(unit(upperLine, at - 1)));
+        const bool after = end >= size || !isLetter(QChar(unit(upperLine, end)));
         if (before && after)
             return true;
         from = at + 1;
     }
     return false;
+}
+
+std::string_view view(QByteArrayView bytes)
+{
+    return std::string_view(bytes.data(), size_t(bytes.size()));
+}
+
+} // namespace
+
+qsizetype FindWord(QStringView line, QStringView word, qsizetype from)
+{
+    return findWord(line, word, from);
+}
+
+bool WholeWordMatch(QStringView upperLine, QStringView word)
+{
+    return wholeWordMatch(upperLine, word);
+}
+
+SearchTerm::SearchTerm(const QString &upperTerm) : m_term(upperTerm)
+{
+    for (const QChar c : upperTerm)
+        m_ascii = m_ascii && c.unicode() < 0x80;
+    if (m_ascii)
+        m_bytes = upperTerm.toLatin1();
+}
+
+bool SearchTerm::In(const BookScan::Line &line, bool wholeWord) const
+{
+    if (line.ascii()) {
+        if (!m_ascii)
+            return false;
+        const std::string_view upper = view(line.upperBytes());
+        const std::string_view term = view(m_bytes);
+        return wholeWord ? wholeWordMatch(upper, term) : findWord(upper, term, 0) >= 0;
+    }
+    const QString &upper = line.file.UpperText(line.index);
+    return wholeWord ? wholeWordMatch(QStringView(upper), QStringView(m_term)) : findWord(QStringView(upper), QStringView(m_term), 0) >= 0;
 }
 
 void BookScan::run(const clsBible &store)
@@ -83,12 +170,10 @@ void BookScan::run(const clsBible &store)
         if (beforeBook && !beforeBook(b))
             continue;
         const QString path = store.BookFilePath(b);
-        const std::shared_ptr<const BookFiles::Content> file = BookFiles::upperLines(path);
+        const std::shared_ptr<const BookFiles::Bytes> file = BookFiles::bytes(path);
         if (!file)
             throw VbError::fileNotFound(platform::ResolvePath(path));
-        const QStringList &lines = file->lines;
-        const QStringList &upper = file->upper;
-        const qsizetype count = lines.size();
+        const qsizetype count = file->lines.size();
 
         // The first line is read and passed over; an empty file has none to read.
         if (count == 0)
@@ -96,16 +181,16 @@ void BookScan::run(const clsBible &store)
         qsizetype i = 1;
         while (i < count) {
             qsizetype at = i++;
-            // The upper-cased copy is the one the searches read anyway; testing the other copy
-            // would bring every line into the cache twice. Upper case makes no marker of a line.
-            if (ChapterMarker::IsMarker(upper.at(at))) {
-                chapter = QString::number(ChapterMarker::Number(upper.at(at)));
+            // Upper case makes no marker of a line: the upper-cased bytes begin "CHAPTER" just when
+            // the line's text does, whatever its case.
+            if (isMarker(*file, at)) {
+                chapter = QString::number(ChapterMarker::Number(file->Text(at)));
                 // The line after a marker is read at once, without looking for the end of file.
                 if (i >= count)
                     throw VbError::inputPastEnd();
                 at = i++;
             }
-            const Next next = onLine ? onLine(Line{b, chapter, lines.at(at), upper.at(at)}) : Next::Line;
+            const Next next = onLine ? onLine(Line{b, chapter, *file, at}) : Next::Line;
             if (next == Next::Book)
                 break;
             if (next == Next::Stop)

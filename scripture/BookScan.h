@@ -1,5 +1,7 @@
 #pragma once
 
+#include "scripture/BookFiles.h"
+
 #include <QString>
 #include <functional>
 
@@ -18,8 +20,20 @@ public:
     {
         int book = 0;
         const QString &chapter; // empty until the first marker is read
-        const QString &text;    // the line as read
-        const QString &upper;   // the same, upper-cased
+        const BookFiles::Bytes &file;
+        qsizetype index = 0;    // the line's number in the file, from 0
+
+        // The line as text, decoded only when asked for.
+        QString text() const { return file.Text(index); }
+        bool ascii() const { return file.lines.at(index).ascii; }
+        // A plain ASCII line's upper-cased bytes.
+        QByteArrayView upperBytes() const
+        {
+            const BookFiles::Bytes::Span &span = file.lines.at(index);
+            return QByteArrayView(file.upper).sliced(span.start, span.length);
+        }
+        // Any line upper-cased as text.
+        QString upper() const { return ascii() ? QString::fromLatin1(upperBytes()) : file.UpperText(index); }
     };
 
     // Called before each book: false skips it (the file is not opened).
@@ -32,6 +46,21 @@ public:
     // Runs the scan over books 1..BooksCount of the store. Throws VbError when a book file cannot
     // be read (53) or a "CHAPTER" line ends a file (62).
     void run(const clsBible &store);
+};
+
+// A word or phrase as both searches look for it in a line, the term upper-cased: in the bytes of
+// a plain ASCII line, without decoding it, else in the decoded line upper-cased. Upper-casing
+// an ASCII line gives ASCII, so a term that is not ASCII is never in one.
+class SearchTerm
+{
+public:
+    explicit SearchTerm(const QString &upperTerm);
+    bool In(const BookScan::Line &line, bool wholeWord) const;
+
+private:
+    QString m_term;
+    QByteArray m_bytes;
+    bool m_ascii = true;
 };
 
 // Where a word first occurs in a line at or after a position; -1 when it does not.

@@ -28,7 +28,9 @@ QuickSearch::Result QuickSearch::run(const clsBible &store, const QString &query
     clsSeparation splitter;
     splitter.setDelimiter(QStringLiteral(" "));
     splitter.setText(basStrings::UpperCase(trimmed));
-    const QStringList keywords = splitter.items();
+    QList<SearchTerm> keywords;
+    for (const QString &keyword : splitter.items())
+        keywords.append(SearchTerm(keyword));
 
     setTitle(QString());
     const int books = store.BooksCount();
@@ -42,10 +44,8 @@ QuickSearch::Result QuickSearch::run(const clsBible &store, const QString &query
         };
         scan.onLine = [&](const BookScan::Line &line) {
             bool match = true;
-            for (const QString &keyword : keywords) {
-                const bool found = wholeWord ? WholeWordMatch(line.upper, keyword)
-                                             : FindWord(line.upper, keyword) >= 0;
-                if (!found) {
+            for (const SearchTerm &keyword : keywords) {
+                if (!keyword.In(line, wholeWord)) {
                     match = false;
                     break;
                 }
@@ -55,7 +55,7 @@ QuickSearch::Result QuickSearch::run(const clsBible &store, const QString &query
                     throw VbError::overflow();
                 ++result.matchCount;
                 result.results.append(store.BookName(line.book) + u' ' + line.chapter + u':' +
-                                      line.text + QStringLiteral("\r\n\r\n"));
+                                      line.text() + QStringLiteral("\r\n\r\n"));
             }
             return result.matchCount > limit ? BookScan::Next::Book : BookScan::Next::Line;
         };

@@ -88,7 +88,12 @@ QString UpperCase(const QString &text)
     const qsizetype n = text.size();
     const QChar *src = text.constData();
     for (qsizetype i = 0; i < n; ++i) {
-        if (src[i].unicode() >= 0x80)
+        // Marks such as a pilcrow or a curly quote have no upper case; a letter that may change,
+        // alone or into several letters (lower and title case), needs the full conversion.
+        const QChar c = src[i];
+        if (c.unicode() >= 0x80 &&
+            (c.isSurrogate() || c.toUpper() != c || c.category() == QChar::Letter_Lowercase ||
+             c.category() == QChar::Letter_Titlecase))
             return text.toUpper();
     }
     QString out = text;

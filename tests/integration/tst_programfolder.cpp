@@ -2,7 +2,9 @@
 // and every reference in every shipped data file shows a passage in every translation that has
 // its book.
 #include "platform/FileSystem.h"
+#include "scripture/BookScan.h"
 #include "scripture/TranslationCheck.h"
+#include "scripture/basStrings.h"
 #include "scripture/TranslationList.h"
 #include "scripture/clsBible.h"
 
@@ -208,6 +210,40 @@ private slots:
             if (renumbered > 0)
                 qInfo("%s: %lld references past the end of a chapter numbered otherwise",
                       qPrintable(translation.folder), qlonglong(renumbered));
+        }
+    }
+
+    // The searches read plain ASCII lines as bytes and decode only the others: every line of every
+    // installed translation must match exactly as its decoded, upper-cased text does.
+    void scanAgreesWithText()
+    {
+        const QStringList terms{"LOVE", "GOD", "THE LORD", "E", "DIOS", "JESÚS", "AMÓ", "’", ""};
+        for (const InstalledTranslation &translation : TranslationList::List(m_folder)) {
+            clsBible bible;
+            bible.setVersionPath(path(translation.folder));
+            QList<SearchTerm> searchTerms;
+            for (const QString &term : terms)
+                searchTerms.append(SearchTerm(term));
+            qsizetype lines = 0;
+            QStringList differences;
+            BookScan scan;
+            scan.onLine = [&](const BookScan::Line &line) -> BookScan::Next {
+                ++lines;
+                const QString upper = basStrings::UpperCase(line.text());
+                if (line.upper() != upper && differences.size() < 5)
+                    differences << QStringLiteral("upper-cased otherwise: ") + line.text();
+                for (qsizetype t = 0; t < terms.size(); ++t) {
+                    for (const bool whole : {false, true}) {
+                        const bool expected = whole ? WholeWordMatch(upper, terms.at(t)) : FindWord(upper, terms.at(t)) >= 0;
+                        if (searchTerms.at(t).In(line, whole) != expected && differences.size() < 5)
+                            differences << terms.at(t) + QStringLiteral(" in ") + line.text();
+                    }
+                }
+                return BookScan::Next::Line;
+            };
+            scan.run(bible);
+            QVERIFY2(differences.isEmpty(), qPrintable(translation.folder + QStringLiteral(": ") + differences.join(u'\n')));
+            QVERIFY(lines > 30000);
         }
     }
 

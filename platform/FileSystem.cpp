@@ -56,6 +56,20 @@ QString ResolvePath(const QString &path)
     if (normal.isEmpty() || QFileInfo::exists(normal))
         return normal;
 
+    // Mostly only the file's own name differs in case: its folder is there as written.
+    const qsizetype slash = normal.lastIndexOf(u'/');
+    if (slash > 0 && slash + 1 < normal.size()) {
+        const QString folder = normal.left(slash);
+        const QStringView name = QStringView(normal).mid(slash + 1);
+        if (name != u"." && name != u".." && QFileInfo(folder).isDir()) {
+            for (const QString &entry : folderEntries(folder)) {
+                if (entry.compare(name, Qt::CaseInsensitive) == 0)
+                    return folder + u'/' + entry;
+            }
+            return normal;
+        }
+    }
+
     const bool absolute = normal.startsWith(u'/');
     const QStringList parts = normal.split(u'/', Qt::SkipEmptyParts);
     QString current = absolute ? QStringLiteral("/") : QString();

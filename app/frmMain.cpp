@@ -705,11 +705,10 @@ void frmMain::runSearch(const clsBible &store, const std::function<::QuickSearch
     };
     const ::QuickSearch::Result result = scan(search);
     lbltitle->setText(result.title);
-    // The view was emptied before the scan; the results go in at the caret in one insertion.
-    if (result.outcome != ::QuickSearch::Outcome::Failed && result.outcome != ::QuickSearch::Outcome::TooMany) {
-        rtfPassage->setSelText(result.results.join(QString()));
-        rtfPassage->setSelStart(0);
-    }
+    // The results go in as one text with the caret left at the top: a caret after tens of
+    // thousands of results would have the view lay out every one of them before showing any.
+    if (result.outcome != ::QuickSearch::Outcome::Failed && result.outcome != ::QuickSearch::Outcome::TooMany)
+        rtfPassage->setText(result.results.join(QString()));
 
     QApplication::restoreOverrideCursor();
     picProgress->setVisible(false);

@@ -4,7 +4,6 @@
 #include "platform/BusyCursor.h"
 #include "platform/MsgBox.h"
 #include "scripture/AdvancedSearch.h"
-#include "scripture/PassageFormatter.h"
 #include "scripture/basStrings.h"
 #include "scripture/clsBible.h"
 #include "settings/ProgramSettings.h"
@@ -258,7 +257,8 @@ void frmSearch::cmdShowAll_Click()
     if (m_lastLines.isEmpty())
         return;
     platform::BusyCursor busy;
-    m_main.ShowPassage(PassageFormatter::ToRichText(m_lastLines.join(QString()), true),
+    // The verses as the quick search lists them, as plain lines: thousands of them show at once.
+    m_main.ShowPassage(m_lastLines.join(QString()),
                        QStringLiteral("Search results for \"") + m_lastQuery + QStringLiteral("\" (") +
                            QString::number(m_lastLines.size()) + QStringLiteral(" matches)"));
 }

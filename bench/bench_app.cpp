@@ -16,7 +16,9 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
+#include <QPushButton>
 #include <QPixmap>
 #include <QProcess>
 #include <QTabWidget>
@@ -178,5 +180,54 @@ void LargestTopicInMainWindow(benchmark::State &state)
     delete main;
 }
 BENCHMARK(LargestTopicInMainWindow)->Unit(benchmark::kMillisecond);
+
+// A quick search for "e" with the limit at 32,000: some 31,000 results gathered and shown in the
+// passage view at once, then painted.
+void QuickSearchManyResults(benchmark::State &state)
+{
+    ProgramSettings::instance().setProgramFolder(realProgramFolder());
+    frmLoadVersion chooser;
+    chooser.Form_Load();
+    frmMain *main = chooser.MainWindow();
+    main->resize(1000, 720);
+    QApplication::processEvents();
+    ProgramSettings::instance().searchLimit = 32000;
+    auto *query = main->findChild<QLineEdit *>(QStringLiteral("txtQuery"));
+    auto *passage = main->findChild<platform::RichTextBox *>(QStringLiteral("rtfPassage"));
+    query->setText(QStringLiteral("e"));
+    for (auto _ : state) {
+        main->cmdSearch_Click();
+        benchmark::DoNotOptimize(passage->viewport()->grab());
+    }
+    state.SetLabel(main->findChild<QLabel *>(QStringLiteral("lbltitle"))->text().toStdString());
+    ProgramSettings::instance().searchLimit = 500;
+    delete main;
+}
+BENCHMARK(QuickSearchManyResults)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+// The Search window's "Show All" after an any-word search for "e" with the limit at 32,000.
+void ShowAllManyResults(benchmark::State &state)
+{
+    ProgramSettings::instance().setProgramFolder(realProgramFolder());
+    frmLoadVersion chooser;
+    chooser.Form_Load();
+    frmMain *main = chooser.MainWindow();
+    main->resize(1000, 720);
+    QApplication::processEvents();
+    ProgramSettings::instance().searchLimit = 32000;
+    main->findChild<QPushButton *>(QStringLiteral("cmdAdvanced"))->click();
+    auto *search = main->findChild<QWidget *>(QStringLiteral("frmSearch"));
+    search->findChild<QLineEdit *>(QStringLiteral("txtQuery"))->setText(QStringLiteral("e"));
+    search->findChild<QPushButton *>(QStringLiteral("cmdSearch"))->click();
+    auto *passage = main->findChild<platform::RichTextBox *>(QStringLiteral("rtfPassage"));
+    for (auto _ : state) {
+        search->findChild<QPushButton *>(QStringLiteral("cmdShowAll"))->click();
+        benchmark::DoNotOptimize(passage->viewport()->grab());
+    }
+    state.SetLabel(main->findChild<QLabel *>(QStringLiteral("lbltitle"))->text().toStdString());
+    ProgramSettings::instance().searchLimit = 500;
+    delete main;
+}
+BENCHMARK(ShowAllManyResults)->Unit(benchmark::kMillisecond)->Iterations(3);
 
 } // namespace

@@ -122,6 +122,11 @@ void RichTextBox::selectDocumentRange(int anchor, int position)
     QTextCursor cursor(document());
     cursor.setPosition(std::clamp(anchor, 0, last));
     cursor.setPosition(std::clamp(position, 0, last), QTextCursor::KeepAnchor);
+    // Setting the caret makes the view lay out the text up to it; where nothing changes, a long
+    // text just filled in is left to be laid out as it is read.
+    const QTextCursor current = textCursor();
+    if (current.anchor() == cursor.anchor() && current.position() == cursor.position())
+        return;
     setTextCursor(cursor);
 }
 
@@ -168,10 +173,11 @@ QString RichTextBox::Text() const
 
 void RichTextBox::setText(const QString &text)
 {
-    clear();
-    QTextCursor cursor(document());
-    cursor.insertText(ToParagraphs(text), QTextCharFormat());
-    setTextCursor(QTextCursor(document()));
+    // The view's own replacement of its text leaves the caret at the top without laying out the
+    // whole text first, so tens of thousands of lines appear at once; the text takes the view's
+    // plain look, not the formatting the caret had.
+    setCurrentCharFormat(QTextCharFormat());
+    setPlainText(ToParagraphs(text));
 }
 
 int RichTextBox::SelStart() const

@@ -151,6 +151,38 @@ private slots:
         QCOMPARE(r.title, QStringLiteral("1 Matches"));
     }
 
+    void binaryJunkInABook()
+    {
+        // Bytes of every value, lone CRs, NULs and broken UTF-8 in the place of a book: the
+        // searches go through it and find what its text holds, nothing else.
+        QTemporaryDir dir;
+        QByteArray junk("CHAPTER 1\r\n");
+        for (int i = 0; i < 4096; ++i)
+            junk.append(char((i * 37) % 256));
+        junk.append("\r1 GOD\xC3\r\nCHAPTER\r\n\xFF\xFE god\n");
+        makeTranslation(dir.path(), QStringLiteral("J"),
+                        {{QStringLiteral("Genesis"), false, {}}, {QStringLiteral("Matthew"), true, {"CHAPTER 1", "1 god"}}});
+        clsBible junkBible;
+        junkBible.setVersionPath(dir.path() + QStringLiteral("/J"));
+        writeFile(platform::ResolvePath(junkBible.BookFilePath(1)), junk);
+        BookFiles::clear();
+        for (const Mode mode : {Mode::AnyWord, Mode::AllWords, Mode::ExactPhrase}) {
+            AdvancedSearch advanced;
+            const AdvancedSearch::Result r = advanced.run(junkBible, {QStringLiteral("god x"), mode, true, {true, true}, 500});
+            QVERIFY(r.ran);
+            QVERIFY(r.failureMessage.isEmpty());
+            // Matthew's chapter is the one the junk's last marker (a bare "CHAPTER") left: 0.
+            QVERIFY2(r.items.contains(QStringLiteral("Matthew 0:1")) == (mode == Mode::AnyWord), qPrintable(r.items.join(u',')));
+        }
+        // An empty book file ends the search with a message, as reading past its end does.
+        writeFile(platform::ResolvePath(junkBible.BookFilePath(1)), QByteArray());
+        BookFiles::clear();
+        AdvancedSearch advanced;
+        const AdvancedSearch::Result empty = advanced.run(junkBible, {QStringLiteral("god"), Mode::AnyWord, false, {true, true}, 500});
+        QVERIFY(!empty.failureMessage.isEmpty());
+        QVERIFY(empty.items.isEmpty());
+    }
+
     void badQueries_data()
     {
         QTest::addColumn<QString>("query");

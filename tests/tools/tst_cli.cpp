@@ -113,6 +113,32 @@ private slots:
         r = cli({QStringLiteral("--translation"), QStringLiteral("AAA"), QStringLiteral("search"), QStringLiteral("--word"), QStringLiteral("lov")});
         QCOMPARE(r.out, QByteArray("Search results for \"lov\" (0 matches)\n"));
 
+        // A query of several arguments is one query.
+        r = cli({QStringLiteral("--translation"), QStringLiteral("AAA"), QStringLiteral("search"), QStringLiteral("of"),
+                 QStringLiteral("genesis"), QStringLiteral("2:1")});
+        QCOMPARE(r.out, QByteArray("Genesis 2:1 Text of Genesis 2:1\r\n\r\nSearch results for \"of genesis 2:1\" (1 matches)\n"));
+
+        // The advanced search: items, then the title; the books by number.
+        const auto advanced = [&](const QStringList &args) {
+            return cli(QStringList{QStringLiteral("--translation"), QStringLiteral("AAA"), QStringLiteral("search")} + args);
+        };
+        r = advanced({QStringLiteral("--mode"), QStringLiteral("any"), QStringLiteral("light"), QStringLiteral("love")});
+        QCOMPARE(r.status, 0);
+        QCOMPARE(r.out, QByteArray("John 2:1\nJohn 2:2\n2 Matches\n"));
+        r = advanced({QStringLiteral("--mode"), QStringLiteral("all"), QStringLiteral("--books"), QStringLiteral("1"),
+                      QStringLiteral("genesis text")});
+        QCOMPARE(r.out, QByteArray("Genesis :1\nGenesis :2\nGenesis :3\nGenesis 2:1\nGenesis 2:2\n5 Matches\n"));
+        r = advanced({QStringLiteral("--mode"), QStringLiteral("exact"), QStringLiteral("--books"), QStringLiteral("2"),
+                      QStringLiteral("--limit"), QStringLiteral("0"), QStringLiteral("light")});
+        // Genesis not read, John's first chapter has no number before it.
+        QCOMPARE(r.out, QByteArray("John :2\nToo many results!!!  Only First 0 shown\n"));
+        QVERIFY(r.err.contains("There were over a 0 results for your search,"));
+        r = advanced({QStringLiteral("--mode"), QStringLiteral("all"), QStringLiteral("--books"), QStringLiteral("1-3"), QStringLiteral("x")});
+        QVERIFY(r.status != 0);
+        QVERIFY(r.err.contains("names no books"));
+        r = advanced({QStringLiteral("--mode"), QStringLiteral("some"), QStringLiteral("x")});
+        QVERIFY(r.status != 0);
+
         // The concordance searches the translation that carries the numbers and says which; like the
         // quick search it passes over a book's first line, so John's verse keeps Genesis' last chapter.
         r = cli({QStringLiteral("concordance"), QStringLiteral("g026")});

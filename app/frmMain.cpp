@@ -23,7 +23,7 @@
 #include "platform/MsgBox.h"
 #include "platform/RichTextBox.h"
 #include "platform/Twips.h"
-#include "platform/WinColor.h"
+#include "platform/WinQColor.h"
 #include "platform/clsCommonColorDialog.h"
 #include "platform/frmAbout.h"
 #include "scripture/NotesStore.h"

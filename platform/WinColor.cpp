@@ -5,7 +5,12 @@
 namespace {
 
 // The standard Windows palette of the system colours, by index (GetSysColor on a fresh system).
-constexpr std::array<QRgb, 31> SystemColors = {
+constexpr quint32 qRgb(quint32 r, quint32 g, quint32 b)
+{
+    return (r << 16) | (g << 8) | b;
+}
+
+constexpr std::array<quint32, 31> SystemColors = {
     qRgb(200, 200, 200), // 0 scroll bar
     qRgb(0, 0, 0),       // 1 desktop
     qRgb(153, 180, 209), // 2 active caption
@@ -55,20 +60,19 @@ constexpr std::array<const char *, 31> SystemColorNames = {
 
 namespace platform {
 
-QColor WindowsColorToQColor(qint32 value)
+quint32 WindowsColorToRgb(qint32 value)
 {
     const auto bits = static_cast<quint32>(value);
     if (bits & 0x80000000u) {
         const quint32 index = bits & 0x00FFFFFFu;
-        return index < SystemColors.size() ? QColor(SystemColors[index]) : QColor(Qt::black);
+        return index < SystemColors.size() ? SystemColors[index] : 0;
     }
-    return QColor(int(bits & 0xFF), int((bits >> 8) & 0xFF), int((bits >> 16) & 0xFF));
+    return qRgb(bits & 0xFF, (bits >> 8) & 0xFF, (bits >> 16) & 0xFF);
 }
 
-qint32 QColorToWindowsColor(const QColor &color)
+QString WindowsColorHexName(qint32 value)
 {
-    const QColor rgb = color.toRgb();
-    return qint32(rgb.red()) | (qint32(rgb.green()) << 8) | (qint32(rgb.blue()) << 16);
+    return QStringLiteral("#%1").arg(WindowsColorToRgb(value), 6, 16, QLatin1Char('0'));
 }
 
 QString SystemColorName(qint32 value)

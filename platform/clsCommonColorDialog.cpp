@@ -1,6 +1,6 @@
 #include "platform/clsCommonColorDialog.h"
 #include "platform/TestHook.h"
-#include "platform/WinColor.h"
+#include "platform/WinQColor.h"
 
 #include <QColorDialog>
 

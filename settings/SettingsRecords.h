@@ -2,7 +2,6 @@
 
 #include <QByteArray>
 #include <QByteArrayView>
-#include <QColor>
 #include <QString>
 #include <QtGlobal>
 

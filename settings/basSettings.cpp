@@ -1,6 +1,6 @@
 #include "settings/basSettings.h"
 
-#include "platform/WinColor.h"
+#include "platform/WinQColor.h"
 
 #include <QFont>
 #include <QPalette>

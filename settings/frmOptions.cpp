@@ -1,7 +1,7 @@
 #include "settings/frmOptions.h"
 
 #include "platform/MsgBox.h"
-#include "platform/WinColor.h"
+#include "platform/WinQColor.h"
 #include "settings/ProgramSettings.h"
 #include "settings/basSettings.h"
 

@@ -1,5 +1,5 @@
 #include "settings/SettingsRecords.h"
-#include "platform/WinColor.h"
+#include "platform/WinQColor.h"
 
 #include <QFile>
 #include <QTemporaryDir>

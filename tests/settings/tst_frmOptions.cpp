@@ -3,7 +3,7 @@
 #include "../support/HookGuards.h"
 #include "../support/TranslationFixture.h"
 #include "platform/MsgBoxAnswerer.h"
-#include "platform/WinColor.h"
+#include "platform/WinQColor.h"
 #include "settings/ProgramSettings.h"
 #include "settings/frmOptions.h"
 

@@ -5,7 +5,6 @@
 #include "scripture/basStrings.h"
 #include "settings/SettingsRecords.h"
 
-#include <QColor>
 
 namespace cli {
 
@@ -19,7 +18,7 @@ QString ColorText(qint32 value)
     // A system colour without a name is shown as the value the file holds.
     if (static_cast<quint32>(value) & 0x80000000u)
         return QStringLiteral("0x%1").arg(static_cast<quint32>(value), 8, 16, QLatin1Char('0'));
-    return platform::WindowsColorToQColor(value).name();
+    return platform::WindowsColorHexName(value);
 }
 
 QString Flag(qint16 value)

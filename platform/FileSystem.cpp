@@ -1,8 +1,6 @@
 #include "platform/FileSystem.h"
 
-#include <QDateTime>
 #include <QDir>
-#include <QHash>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
@@ -26,23 +24,9 @@ bool IsUsablePath(const QString &path)
 
 namespace {
 
-// A folder's entries, read again only when the folder has changed: finding the 66 book files of a
-// translation without regard to case would otherwise read each testament's folder once a book.
 QStringList folderEntries(const QString &folder)
 {
-    struct Listing
-    {
-        QDateTime changed;
-        QStringList entries;
-    };
-    static QHash<QString, Listing> listings;
-    const QDateTime changed = QFileInfo(folder).lastModified();
-    auto it = listings.constFind(folder);
-    if (it != listings.cend() && it->changed == changed && changed.isValid())
-        return it->entries;
-    QStringList entries = QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
-    listings.insert(folder, Listing{changed, entries});
-    return entries;
+    return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
 }
 
 } // namespace

@@ -112,33 +112,6 @@ bool isAscii(const char *bytes, qsizetype n)
     return (high & 0x8080808080808080ULL) == 0;
 }
 
-// The bytes with a to z upper-cased and every other byte as it is, eight at a time.
-QByteArray upperAscii(const QByteArray &bytes)
-{
-    constexpr std::uint64_t ones = 0x0101010101010101ULL;
-    constexpr std::uint64_t highs = 0x8080808080808080ULL;
-    const qsizetype n = bytes.size();
-    QByteArray upper(n, Qt::Uninitialized);
-    const char *in = bytes.constData();
-    char *out = upper.data();
-    qsizetype i = 0;
-    for (; i + 8 <= n; i += 8) {
-        std::uint64_t word;
-        std::memcpy(&word, in + i, 8);
-        const std::uint64_t low7 = word & ~highs;
-        const std::uint64_t atLeastA = low7 + (0x80 - 'a') * ones;  // high bit: at least 'a'
-        const std::uint64_t pastZ = low7 + (0x7F - 'z') * ones;     // high bit: past 'z'
-        const std::uint64_t lower = ~word & (atLeastA ^ pastZ) & highs; // ASCII a to z only
-        word ^= lower >> 2;                                           // 0x80 >> 2 is the case bit
-        std::memcpy(out + i, &word, 8);
-    }
-    for (; i < n; ++i) {
-        const char c = in[i];
-        out[i] = c >= 'a' && c <= 'z' ? char(c - 32) : c;
-    }
-    return upper;
-}
-
 std::shared_ptr<BookFiles::Bytes> readBytes(const QString &path)
 {
     std::optional<QByteArray> bytes = platform::ReadFileBytes(path);
@@ -148,7 +121,6 @@ std::shared_ptr<BookFiles::Bytes> readBytes(const QString &path)
     content->bytes = std::move(*bytes);
     const qsizetype n = content->bytes.size();
     const char *in = content->bytes.constData();
-    content->upper = upperAscii(content->bytes);
     // Lines end at CR LF, LF or CR; a final line break does not start an empty line.
     content->lines.reserve(n / 64);
     qsizetype start = 0;

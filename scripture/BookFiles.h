@@ -25,8 +25,8 @@ public:
     static std::shared_ptr<const Content> lines(const QString &path);
 
     // A book file as the searches read it: its bytes, never decoded as a whole. A line of plain
-    // ASCII is searched in the upper-cased bytes; only the other lines, and the lines a search
-    // lists, are decoded, in the encoding the whole file is read in.
+    // ASCII is searched in its bytes; only the other lines, and the lines a search lists, are
+    // decoded, in the encoding the whole file is read in.
     struct Bytes
     {
         struct Span
@@ -36,7 +36,6 @@ public:
             bool ascii = true;
         };
         QByteArray bytes; // the file as stored
-        QByteArray upper; // the same with the letters a to z upper-cased
         QList<Span> lines; // split at CR LF, LF or CR, as the text of the file is
 
         // The line as text, and upper-cased as the searches compare it; the upper-cased text of

@@ -19,7 +19,15 @@ bool isMarker(const BookFiles::Bytes &file, qsizetype line)
     const BookFiles::Bytes::Span &span = file.lines.at(line);
     if (!span.ascii)
         return ChapterMarker::IsMarker(file.UpperText(line));
-    return span.length >= 7 && std::string_view(file.upper.constData() + span.start, 7) == "CHAPTER";
+    if (span.length < 7)
+        return false;
+    static constexpr char word[] = "CHAPTER";
+    for (int i = 0; i < 7; ++i) {
+        const char c = file.bytes.at(span.start + i);
+        if ((c >= 'a' && c <= 'z' ? char(c - 32) : c) != word[i])
+            return false;
+    }
+    return true;
 }
 } // namespace
 
@@ -58,17 +66,46 @@ qsizetype indexOf(std::string_view text, char16_t key, qsizetype from)
     const size_t at = text.find(char(key), size_t(from));
     return at == std::string_view::npos ? -1 : qsizetype(at);
 }
+// A line of plain ASCII read as its upper-cased self, without making the upper-cased copy.
+struct FoldedAscii
+{
+    std::string_view raw;
+    qsizetype size() const { return qsizetype(raw.size()); }
+};
+char16_t upperAscii(char c)
+{
+    return c >= 'a' && c <= 'z' ? char16_t(c - 32) : char16_t(static_cast<unsigned char>(c));
+}
+char16_t unit(FoldedAscii text, qsizetype i)
+{
+    return upperAscii(text.raw[size_t(i)]);
+}
+qsizetype indexOf(FoldedAscii text, char16_t key, qsizetype from)
+{
+    // A capital letter is found as itself or as its small letter, whichever comes first.
+    const qsizetype upper = indexOf(text.raw, key, from);
+    if (key < u'A' || key > u'Z')
+        return upper;
+    const qsizetype lower = indexOf(std::string_view(upper < 0 ? text.raw : text.raw.substr(0, size_t(upper))),
+                                    char16_t(key + 32), from);
+    return lower >= 0 ? lower : upper;
+}
+bool sameAt(FoldedAscii line, qsizetype start, std::string_view word)
+{
+    for (size_t i = 0; i < word.size(); ++i) {
+        if (upperAscii(line.raw[size_t(start) + i]) != char16_t(static_cast<unsigned char>(word[i])))
+            return false;
+    }
+    return true;
+}
+
 bool sameAt(QStringView line, qsizetype start, QStringView word)
 {
     return line.mid(start, word.size()) == word;
 }
-bool sameAt(std::string_view line, qsizetype start, std::string_view word)
-{
-    return line.compare(size_t(start), word.size(), word) == 0;
-}
 
-template<typename View>
-qsizetype findWord(View line, View word, qsizetype from)
+template<typename Line, typename Word>
+qsizetype findWord(Line line, Word word, qsizetype from)
 {
     // Every line of the translation goes through here: look for the word's rarest character with
     // the vectorised single-character search, then compare the whole word around it, which is
@@ -105,8 +142,8 @@ qsizetype findWord(View line, View word, qsizetype from)
     return -1;
 }
 
-template<typename View>
-bool wholeWordMatch(View upperLine, View word)
+template<typename Line, typename Word>
+bool wholeWordMatch(Line upperLine, Word word)
 {
     const qsizetype size = qsizetype(upperLine.size());
     qsizetype from = 0;
@@ -154,9 +191,9 @@ bool SearchTerm::In(const BookScan::Line &line, bool wholeWord) const
     if (line.ascii()) {
         if (!m_ascii)
             return false;
-        const std::string_view upper = view(line.upperBytes());
+        const FoldedAscii folded{view(line.bytes())};
         const std::string_view term = view(m_bytes);
-        return wholeWord ? wholeWordMatch(upper, term) : findWord(upper, term, 0) >= 0;
+        return wholeWord ? wholeWordMatch(folded, term) : findWord(folded, term, 0) >= 0;
     }
     const QString &upper = line.file.UpperText(line.index);
     return wholeWord ? wholeWordMatch(QStringView(upper), QStringView(m_term)) : findWord(QStringView(upper), QStringView(m_term), 0) >= 0;
@@ -181,8 +218,8 @@ void BookScan::run(const clsBible &store)
         qsizetype i = 1;
         while (i < count) {
             qsizetype at = i++;
-            // Upper case makes no marker of a line: the upper-cased bytes begin "CHAPTER" just when
-            // the line's text does, whatever its case.
+            // Upper case makes no marker of a line: a plain line is a marker when its first seven
+            // bytes are "CHAPTER" in any case.
             if (isMarker(*file, at)) {
                 chapter = QString::number(ChapterMarker::Number(file->Text(at)));
                 // The line after a marker is read at once, without looking for the end of file.

@@ -26,14 +26,14 @@ public:
         // The line as text, decoded only when asked for.
         QString text() const { return file.Text(index); }
         bool ascii() const { return file.lines.at(index).ascii; }
-        // A plain ASCII line's upper-cased bytes.
-        QByteArrayView upperBytes() const
+        // The line's bytes as stored.
+        QByteArrayView bytes() const
         {
             const BookFiles::Bytes::Span &span = file.lines.at(index);
-            return QByteArrayView(file.upper).sliced(span.start, span.length);
+            return QByteArrayView(file.bytes).sliced(span.start, span.length);
         }
-        // Any line upper-cased as text.
-        QString upper() const { return ascii() ? QString::fromLatin1(upperBytes()) : file.UpperText(index); }
+        // The line upper-cased as text.
+        QString upper() const { return file.UpperText(index); }
     };
 
     // Called before each book: false skips it (the file is not opened).
@@ -49,7 +49,8 @@ public:
 };
 
 // A word or phrase as both searches look for it in a line, the term upper-cased: in the bytes of
-// a plain ASCII line, without decoding it, else in the decoded line upper-cased. Upper-casing
+// a plain ASCII line, read as capitals without decoding or copying it, else in the decoded line
+// upper-cased. Upper-casing
 // an ASCII line gives ASCII, so a term that is not ASCII is never in one.
 class SearchTerm
 {

@@ -10,6 +10,8 @@
 #include "scripture/basStrings.h"
 #include "scripture/clsSeparation.h"
 
+#include <QDir>
+#include <QHash>
 #include <QList>
 #include <algorithm>
 
@@ -58,6 +60,13 @@ bool clsBible::loadMap(int testament, int &row)
         platform::MsgBox(mapPath + QStringLiteral(" is missing or is corrupt"), vb::vbOKOnly);
         return false;
     }
+    // The book files' names as they are on disk, so that a search over all the books does not
+    // have to look each one up without regard to case.
+    QHash<QString, QString> onDisk;
+    const QStringList files = QDir(platform::ResolvePath(m_testamentFolders[testament]))
+                                  .entryList({QStringLiteral("*.dat")}, QDir::Files | QDir::CaseSensitive);
+    for (const QString &file : files)
+        onDisk.insert(file.toUpper(), file);
     for (const QString &line : map->lines) {
         if (BookMap::IsBlank(line))
             continue;
@@ -72,6 +81,7 @@ bool clsBible::loadMap(int testament, int &row)
         }
         m_books[row].name = entry->name;
         m_books[row].chapters = entry->chapters;
+        m_books[row].fileName = onDisk.value((entry->name.trimmed() + QStringLiteral(".dat")).toUpper());
         ++row;
     }
     return true;
@@ -130,7 +140,8 @@ int clsBible::BookByName(const QString &name) const
 
 QString clsBible::BookFilePath(int number) const
 {
-    return m_testamentFolders[TestamentOfBook(number)] + BookName(number) + QStringLiteral(".dat");
+    const QString &onDisk = m_books[std::clamp(number, 1, std::clamp(m_booksCount, 1, MaxBooks)) - 1].fileName;
+    return m_testamentFolders[TestamentOfBook(number)] + (onDisk.isEmpty() ? BookName(number) + QStringLiteral(".dat") : onDisk);
 }
 
 bool clsBible::lookUpBook(QString &name)

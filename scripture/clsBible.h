@@ -76,6 +76,7 @@ private:
     {
         QString name; // fixed 30 characters, as the map gives it
         int chapters = 0;
+        QString fileName; // the book file's name as it is on disk ("GENESIS.dat"); empty if none
     };
 
     bool lookUpBook(QString &name);

@@ -41,6 +41,19 @@ QString programFolder()
     return folder;
 }
 
+// The program started on a program folder as a reader starts it: the main window, sized, on the
+// first chapter of the translation loaded at start. The window is the caller's to delete.
+frmMain *openMainWindow(const QString &folder)
+{
+    ProgramSettings::instance().setProgramFolder(folder);
+    frmLoadVersion chooser;
+    chooser.Form_Load();
+    frmMain *main = chooser.MainWindow();
+    main->resize(1000, 720);
+    QApplication::processEvents();
+    return main;
+}
+
 void StartToFirstChapter(benchmark::State &state)
 {
     ProgramSettings::instance().setProgramFolder(programFolder());
@@ -61,12 +74,7 @@ BENCHMARK(StartToFirstChapter)->Unit(benchmark::kMillisecond);
 
 void LongChapterOnScreen(benchmark::State &state)
 {
-    ProgramSettings::instance().setProgramFolder(programFolder());
-    frmLoadVersion chooser;
-    chooser.Form_Load();
-    frmMain *main = chooser.MainWindow();
-    main->resize(1000, 720);
-    QApplication::processEvents();
+    frmMain *main = openMainWindow(programFolder());
     for (auto _ : state) {
         const QString text = main->Bible().Passagebystandard(QStringLiteral("Psalms 119"));
         main->ShowPassage(PassageFormatter::ToRichText(text, true), main->Bible().Standard());
@@ -109,11 +117,7 @@ QString realProgramFolder()
 // (untimed), as it does when a reader moves on and comes back to the tab.
 void switchToTab(benchmark::State &state, const QString &caption, const QString &view)
 {
-    ProgramSettings::instance().setProgramFolder(realProgramFolder());
-    frmLoadVersion chooser;
-    chooser.Form_Load();
-    frmMain *main = chooser.MainWindow();
-    main->resize(1000, 720);
+    frmMain *main = openMainWindow(realProgramFolder());
     auto *tabs = main->findChild<QTabWidget *>(QStringLiteral("SSTab1"));
     auto *target = main->findChild<platform::RichTextBox *>(view);
     int tab = 0;
@@ -157,10 +161,7 @@ void LargestTopicInMainWindow(benchmark::State &state)
         if (topics.References(record).size() > topics.References(largest).size())
             largest = record;
     }
-    frmLoadVersion chooser;
-    chooser.Form_Load();
-    frmMain *main = chooser.MainWindow();
-    main->resize(1000, 720);
+    frmMain *main = openMainWindow(realProgramFolder());
     auto *window = new frmTopics(*main, main);
     window->show();
     auto *list = window->findChild<QListWidget *>(QStringLiteral("lstTopics"));
@@ -185,12 +186,7 @@ BENCHMARK(LargestTopicInMainWindow)->Unit(benchmark::kMillisecond);
 // passage view at once, then painted.
 void QuickSearchManyResults(benchmark::State &state)
 {
-    ProgramSettings::instance().setProgramFolder(realProgramFolder());
-    frmLoadVersion chooser;
-    chooser.Form_Load();
-    frmMain *main = chooser.MainWindow();
-    main->resize(1000, 720);
-    QApplication::processEvents();
+    frmMain *main = openMainWindow(realProgramFolder());
     ProgramSettings::instance().searchLimit = 32000;
     auto *query = main->findChild<QLineEdit *>(QStringLiteral("txtQuery"));
     auto *passage = main->findChild<platform::RichTextBox *>(QStringLiteral("rtfPassage"));
@@ -208,12 +204,7 @@ BENCHMARK(QuickSearchManyResults)->Unit(benchmark::kMillisecond)->Iterations(3);
 // The Search window's "Show All" after an any-word search for "e" with the limit at 32,000.
 void ShowAllManyResults(benchmark::State &state)
 {
-    ProgramSettings::instance().setProgramFolder(realProgramFolder());
-    frmLoadVersion chooser;
-    chooser.Form_Load();
-    frmMain *main = chooser.MainWindow();
-    main->resize(1000, 720);
-    QApplication::processEvents();
+    frmMain *main = openMainWindow(realProgramFolder());
     ProgramSettings::instance().searchLimit = 32000;
     main->findChild<QPushButton *>(QStringLiteral("cmdAdvanced"))->click();
     auto *search = main->findChild<QWidget *>(QStringLiteral("frmSearch"));

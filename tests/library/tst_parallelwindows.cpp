@@ -46,12 +46,7 @@ class TestParallelWindows : public QObject
     FakeMain m_main;
 
     QString file(const QString &name) const { return m_dir.filePath(name); }
-    void settings(const QByteArray &windowIni)
-    {
-        writeFile(file(QStringLiteral("window.ini")), windowIni);
-        ProgramSettings::instance().setProgramFolder(m_dir.path());
-        ProgramSettings::instance().rememberWindows = windowIni.contains("rememberwindowsetting=1");
-    }
+    void settings(const QByteArray &windowIni) { support::useSettings(m_dir.path(), windowIni); }
     int iniValue(const char *section, const char *key) const
     {
         clsIni ini;
@@ -83,15 +78,7 @@ class TestParallelWindows : public QObject
     }
 
 private slots:
-    void initTestCase()
-    {
-        const QString translation =
-            fixture::makeTranslation(m_dir.path(), QStringLiteral("T"),
-                                     {{QStringLiteral("Genesis"), false,
-                                       fixture::chapters(QStringLiteral("Genesis"), {3, 3})}});
-        m_main.bible.setVersionPath(translation);
-        m_main.bible.setSeparator(QStringLiteral("\r\n"));
-    }
+    void initTestCase() { m_main.openGenesis(m_dir.path()); }
 
     void init()
     {

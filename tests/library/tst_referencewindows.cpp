@@ -98,24 +98,10 @@ class TestReferenceWindows : public QObject
     FakeMain m_main;
 
     QString file(const QString &name) const { return m_dir.filePath(name); }
-    void settings(const QByteArray &windowIni)
-    {
-        writeFile(file(QStringLiteral("window.ini")), windowIni);
-        ProgramSettings::instance().setProgramFolder(m_dir.path());
-        // The option is read with the rest of the program's settings, not with the folder.
-        ProgramSettings::instance().rememberWindows = windowIni.contains("rememberwindowsetting=1");
-    }
+    void settings(const QByteArray &windowIni) { support::useSettings(m_dir.path(), windowIni); }
 
 private slots:
-    void initTestCase()
-    {
-        const QString translation =
-            fixture::makeTranslation(m_dir.path(), QStringLiteral("T"),
-                                     {{QStringLiteral("Genesis"), false,
-                                       fixture::chapters(QStringLiteral("Genesis"), {3, 3})}});
-        m_main.bible.setVersionPath(translation);
-        m_main.bible.setSeparator(QStringLiteral("\r\n"));
-    }
+    void initTestCase() { m_main.openGenesis(m_dir.path()); }
 
     void init()
     {

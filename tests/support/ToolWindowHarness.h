@@ -3,8 +3,10 @@
 // For tests of the reference windows: the main window as those windows see it, recording what it
 // was asked to do, and a window opened as the main window opens it, closed and gone when the test
 // ends even when a check failed.
+#include "TranslationFixture.h"
 #include "library/MainWindowLink.h"
 #include "scripture/clsBible.h"
+#include "settings/ProgramSettings.h"
 
 #include <QList>
 #include <QListWidget>
@@ -28,11 +30,30 @@ public:
     clsBible &Bible() override { return bible; }
     void StrongConcordance(const QString &number) override { concordance << number; }
 
+    // A program folder whose translation "T" holds Genesis 1 and 2, three verses each
+    // ("n Text of Genesis c:n"), opened in the store.
+    void openGenesis(const QString &programFolder)
+    {
+        bible.setVersionPath(fixture::makeTranslation(
+            programFolder, QStringLiteral("T"),
+            {{QStringLiteral("Genesis"), false, fixture::chapters(QStringLiteral("Genesis"), {3, 3})}}));
+        bible.setSeparator(QStringLiteral("\r\n"));
+    }
+
     clsBible bible;
     QStringList references;
     QStringList concordance;
     QList<Shown> shown;
 };
+
+// Gives the program folder this "window.ini" and makes it the program's. The remember-windows
+// option is read with the rest of the program's settings, not with the folder, so it is set here.
+inline void useSettings(const QString &programFolder, const QByteArray &windowIni)
+{
+    fixture::writeFile(programFolder + QStringLiteral("/window.ini"), windowIni);
+    ProgramSettings::instance().setProgramFolder(programFolder);
+    ProgramSettings::instance().rememberWindows = windowIni.contains("rememberwindowsetting=1");
+}
 
 template <typename Window> class OpenedWindow
 {

@@ -970,7 +970,11 @@ void frmMain::mnuReferencesVerseOfDay_Click()
 
 void frmMain::openVerseOfDay(int show)
 {
-    m_verseOfDay.open([this, show] { return new frmVerseOfDay(*this, show, this); });
+    // A window already open shows its verse again, from the translation now open.
+    const bool open = m_verseOfDay.window();
+    frmVerseOfDay *window = m_verseOfDay.open([this, show] { return new frmVerseOfDay(*this, show, this); });
+    if (open && window)
+        window->ShowVerse();
 }
 
 void frmMain::mnuHelpAbout_Click()

@@ -129,6 +129,12 @@ private slots:
         auto *verse = program.main()->findChild<frmVerseOfDay *>();
         QVERIFY(verse && verse->isVisible());
         QVERIFY(!verse->findChild<QCheckBox *>(QStringLiteral("chkLoadVerseAtStartup"))->isChecked());
+        // Asked again, the same window shows its verse afresh.
+        auto *text = verse->findChild<QPlainTextEdit *>(QStringLiteral("txtVerse"));
+        text->clear();
+        program.control<QAction>("mnuReferencesVerseOfDay")->trigger();
+        QCOMPARE(program.main()->findChildren<frmVerseOfDay *>().size(), 1);
+        QVERIFY(text->toPlainText().startsWith(QStringLiteral("JOHN 3:2")));
         QCOMPARE(answers.count(), 0);
     }
 };

@@ -7,49 +7,11 @@
 set -eu
 program=$1
 out=$(cd "$2" && pwd)
-sh "$(dirname "$0")/setup.sh" xvfb xauth imagemagick xdotool openbox
-# The program saves its placement and the verse box; keep the user's settings as they were.
-saved=$(mktemp)
-cp "$program/window.ini" "$saved"
-trap 'cp "$saved" "$program/window.ini"; rm -f "$saved"' EXIT
+. "$(dirname "$0")/session.sh"
 
-# Sets "show" of the section "verseofday" (the shipped file has the section).
-verse_at_startup() {
-    sed -i "/^\[verseofday\]/,/^\[/ s/^show=.*/show=$1\r/" "$program/window.ini"
-}
-
-# Runs the program under a fresh X server with the given shell steps; $main is the main window.
-session() {
-    xvfb-run -a -s "-screen 0 1280x860x24" sh -c "
-        openbox >/dev/null 2>&1 &
-        sleep 1
-        '$program/quillstone' --dir '$program' >/dev/null 2>&1 &
-        app=\$!
-        for i in 1 2 3 4 5 6 7 8 9 10; do
-            main=\$(xdotool search --name ' - Quillstone Bible ' 2>/dev/null | head -n 1)
-            [ -n \"\$main\" ] && break
-            sleep 1
-        done
-        # Waits for a window by its title and brings it forward.
-        window() {
-            for i in 1 2 3 4 5 6 7 8 9 10; do
-                w=\$(xdotool search --name \"\$1\" 2>/dev/null | head -n 1)
-                [ -n \"\$w\" ] && break
-                sleep 0.5
-            done
-            xdotool windowactivate --sync \$w 2>/dev/null || true
-            sleep 1
-            echo \$w
-        }
-        reference() {
-            xdotool windowactivate --sync \$main 2>/dev/null || true
-            xdotool key alt+n \$1
-            sleep 1
-        }
-        sleep 2
-        $1
-        kill \$app
-    "
+# Opens an entry of the References menu (Alt+N) by its key.
+reference_steps() {
+    printf '%s' "front; xdotool key alt+n $1; sleep 1"
 }
 
 verse_at_startup 1
@@ -57,7 +19,7 @@ session "import -window root '$out/verse-of-the-day-at-startup.png'"
 
 verse_at_startup 0
 session "
-    reference t
+    $(reference_steps t)
     w=\$(window 'Bible Topics')
     xdotool type --delay 30 'Love: Instances of Love for Jesus: Mary'
     sleep 1
@@ -67,7 +29,7 @@ session "
 "
 
 session "
-    reference m
+    $(reference_steps m)
     w=\$(window 'Miracles of Jesus Christ')
     xdotool type --delay 30 'Five thousand'
     sleep 1
@@ -87,7 +49,7 @@ montage /tmp/qs-five-thousand-matthew.png /tmp/qs-five-thousand-mark.png \
 rm -f /tmp/qs-five-thousand-*.png
 
 session "
-    reference p
+    $(reference_steps p)
     w=\$(window 'Prophecies and their Fulfilment')
     xdotool type --delay 30 'Born in Bethlehem'
     sleep 1
@@ -95,7 +57,7 @@ session "
 "
 
 session "
-    reference u
+    $(reference_steps u)
     import -window \$main '$out/units-table.png'
 "
 ls "$out"

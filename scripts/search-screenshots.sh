@@ -6,27 +6,12 @@
 set -eu
 program=$1
 out=$(cd "$2" && pwd)
-sh "$(dirname "$0")/setup.sh" xvfb xauth imagemagick xdotool openbox
-saved=$(mktemp)
-cp "$program/window.ini" "$saved"
-trap 'cp "$saved" "$program/window.ini"; rm -f "$saved"' EXIT
-# The verse of the day would open over the windows: not for these pictures.
-sed -i "/^\[verseofday\]/,/^\[/ s/^show=.*/show=0\r/" "$program/window.ini"
-# Every book chosen to begin with; the New Testament box is ticked by the script.
+. "$(dirname "$0")/session.sh"
+# Every book chosen to begin with; the New Testament box is ticked by the steps.
 sed -i "/^\[search\]/,/^\[/ s/^books=.*/books=\r/" "$program/window.ini"
 
-xvfb-run -a -s "-screen 0 1280x860x24" sh -c "
-    openbox >/dev/null 2>&1 &
-    sleep 1
-    '$program/quillstone' --dir '$program' >/dev/null 2>&1 &
-    app=\$!
-    for i in 1 2 3 4 5 6 7 8 9 10; do
-        main=\$(xdotool search --name ' - Quillstone Bible ' 2>/dev/null | head -n 1)
-        [ -n \"\$main\" ] && break
-        sleep 1
-    done
-    sleep 1
-    xdotool windowactivate --sync \$main
+session "
+    front
     # Tools, Bible Search.
     xdotool key alt+o s
     sleep 1.5
@@ -62,6 +47,5 @@ xvfb-run -a -s "-screen 0 1280x860x24" sh -c "
     xdotool key Return
     sleep 1
     import -window root '$out/find-within-results.png'
-    kill \$app
 "
 ls "$out"/search-window-new-testament.png "$out"/find-within-results.png

@@ -112,6 +112,27 @@ bool isAscii(const char *bytes, qsizetype n)
     return (high & 0x8080808080808080ULL) == 0;
 }
 
+// Whether a line that is not plain ASCII holds a character whose capital is, or holds, an ASCII
+// letter: "ß", dotless "ı", long "ſ", "ŉ", "ǰ", "ẖ" to "ẚ" and the ligatures "ﬀ" to "ﬆ", in
+// UTF-8; "ß" (0xDF) in Windows-1252. The test is on bytes and errs on the safe side.
+bool changesIntoAscii(const char *bytes, qsizetype n)
+{
+    for (qsizetype i = 0; i < n; ++i) {
+        const auto c = static_cast<unsigned char>(bytes[i]);
+        if (c < 0x80)
+            continue;
+        if (c == 0xDF)
+            return true;
+        const auto next = i + 1 < n ? static_cast<unsigned char>(bytes[i + 1]) : 0;
+        const auto third = i + 2 < n ? static_cast<unsigned char>(bytes[i + 2]) : 0;
+        if ((c == 0xC3 && next == 0x9F) || (c == 0xC4 && next == 0xB1) || (c == 0xC5 && (next == 0xBF || next == 0x89)) ||
+            (c == 0xC7 && next == 0xB0) || (c == 0xE1 && next == 0xBA && third >= 0x96 && third <= 0x9A) ||
+            (c == 0xEF && next == 0xAC && third >= 0x80 && third <= 0x86))
+            return true;
+    }
+    return false;
+}
+
 std::shared_ptr<BookFiles::Bytes> readBytes(const QString &path)
 {
     std::optional<QByteArray> bytes = platform::ReadFileBytes(path);
@@ -136,7 +157,8 @@ std::shared_ptr<BookFiles::Bytes> readBytes(const QString &path)
         } else {
             next = lf ? end + 1 : n;
         }
-        content->lines.append({start, end - start, isAscii(in + start, end - start)});
+        const bool ascii = isAscii(in + start, end - start);
+        content->lines.append({start, end - start, ascii, ascii || !changesIntoAscii(in + start, end - start)});
         start = next;
     }
     return content;

@@ -34,6 +34,10 @@ public:
             qsizetype start = 0;
             qsizetype length = 0;
             bool ascii = true;
+            // Upper-casing the line's text changes no character outside ASCII into ASCII letters
+            // (as "ß" becomes "SS"), so plain ASCII words are found in its bytes read as capitals
+            // just as in its upper-cased text.
+            bool foldable = true;
         };
         QByteArray bytes; // the file as stored
         QList<Span> lines; // split at CR LF, LF or CR, as the text of the file is

@@ -17,7 +17,7 @@ bool isLetter(QChar c)
 bool isMarker(const BookFiles::Bytes &file, qsizetype line)
 {
     const BookFiles::Bytes::Span &span = file.lines.at(line);
-    if (!span.ascii)
+    if (!span.foldable)
         return ChapterMarker::IsMarker(file.UpperText(line));
     if (span.length < 7)
         return false;
@@ -188,9 +188,13 @@ SearchTerm::SearchTerm(const QString &upperTerm) : m_term(upperTerm)
 
 bool SearchTerm::In(const BookScan::Line &line, bool wholeWord) const
 {
-    if (line.ascii()) {
-        if (!m_ascii)
-            return false;
+    // An ASCII line's capitals are all ASCII: a word that is not is never in it.
+    if (line.ascii() && !m_ascii)
+        return false;
+    // Bytes and characters line up wherever an ASCII word can match; an empty word (two blanks in
+    // a query) taken as a whole word looks at every position, which differ where a character
+    // takes several bytes.
+    if (m_ascii && (line.ascii() || (line.foldable() && !(wholeWord && m_bytes.isEmpty())))) {
         const FoldedAscii folded{view(line.bytes())};
         const std::string_view term = view(m_bytes);
         return wholeWord ? wholeWordMatch(folded, term) : findWord(folded, term, 0) >= 0;

@@ -26,6 +26,7 @@ public:
         // The line as text, decoded only when asked for.
         QString text() const { return file.Text(index); }
         bool ascii() const { return file.lines.at(index).ascii; }
+        bool foldable() const { return file.lines.at(index).foldable; }
         // The line's bytes as stored.
         QByteArrayView bytes() const
         {

@@ -217,7 +217,7 @@ private slots:
     // installed translation must match exactly as its decoded, upper-cased text does.
     void scanAgreesWithText()
     {
-        const QStringList terms{"LOVE", "GOD", "THE LORD", "E", "DIOS", "JESÚS", "AMÓ", "’", ""};
+        const QStringList terms{"LOVE", "GOD", "THE LORD", "E", "DIOS", "JESÚS", "AMÓ", "’", "", "SS", "ST"};
         for (const InstalledTranslation &translation : TranslationList::List(m_folder)) {
             clsBible bible;
             bible.setVersionPath(path(translation.folder));

@@ -100,6 +100,37 @@ private slots:
         QCOMPARE(r.lines, QStringList{"Exodus 2:1 love of the brethren\r\n\r\n"});
     }
 
+    void lettersThatBecomeSeveral()
+    {
+        // Upper-cased, "ß" is "SS", "ſ" is "S" and "ﬁ" is "FI": a search finds them as such, in
+        // UTF-8 and in Windows-1252 alike, and a letter with an accent stays no letter A to Z.
+        QTemporaryDir dir;
+        makeTranslation(dir.path(), QStringLiteral("U"),
+                        {{QStringLiteral("Genesis"), false, {"CHAPTER 1", "1 die Straße", "2 ſo ﬁne", "3 café", "4 x"}},
+                         {QStringLiteral("Matthew"), true, {"CHAPTER 1", "1 y"}}});
+        clsBible utf8;
+        utf8.setVersionPath(dir.path() + QStringLiteral("/U"));
+        BookFiles::clear();
+        const auto items = [&](clsBible &bible, const QString &query, bool whole) {
+            AdvancedSearch advanced;
+            return advanced.run(bible, {query, Mode::AnyWord, whole, {true, true}, 500}).items;
+        };
+        QCOMPARE(items(utf8, QStringLiteral("strasse"), false), QStringList{"Genesis :1"});
+        QCOMPARE(items(utf8, QStringLiteral("so"), true), QStringList{"Genesis :2"});
+        QCOMPARE(items(utf8, QStringLiteral("fine"), true), QStringList{"Genesis :2"});
+        QCOMPARE(items(utf8, QStringLiteral("caf"), true), QStringList{"Genesis :3"});
+        // Two blanks make an empty word, which as a whole word wants two non-letters side by side:
+        // the verse number and its blank are.
+        QCOMPARE(items(utf8, QStringLiteral("x  y"), true),
+                 (QStringList{"Genesis :1", "Genesis :2", "Genesis :3", "Genesis :4", "Matthew :1"}));
+
+        writeFile(platform::ResolvePath(utf8.BookFilePath(1)), "CHAPTER 1\r\n1 die Stra\xDF" "e\r\n2 caf\xE9\r\n");
+        BookFiles::clear();
+        QCOMPARE(items(utf8, QStringLiteral("strasse"), false), QStringList{"Genesis :1"});
+        QCOMPARE(items(utf8, QStringLiteral("caf"), true), QStringList{"Genesis :2"});
+        BookFiles::clear();
+    }
+
     void booksNotChosenAreNeverOpened()
     {
         // Exodus has no file at all: choosing the others only must not touch it.

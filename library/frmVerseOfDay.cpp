@@ -16,7 +16,8 @@
 #include <QPushButton>
 
 frmVerseOfDay::frmVerseOfDay(MainWindowLink &main, int showAtStartup, QWidget *parent)
-    : QWidget(parent, Qt::Window), m_main(main)
+    // A small box that stays over the main window until it is closed, as it opens at start-up.
+    : QWidget(parent, Qt::Dialog), m_main(main)
 {
     setObjectName(QStringLiteral("frmVerseOfDay"));
     setWindowTitle(QStringLiteral("Verse of the Day"));

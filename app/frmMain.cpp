@@ -17,6 +17,7 @@
 #include "library/frmTopics.h"
 #include "library/frmVerseOfDay.h"
 #include "platform/CSendMessage.h"
+#include "platform/BusyCursor.h"
 #include "platform/CShell.h"
 #include "platform/clsCommonOpenDialog.h"
 #include "platform/InputBox.h"
@@ -63,6 +64,8 @@
 #include <QToolButton>
 #include <QTimer>
 #include <QVBoxLayout>
+
+#include <optional>
 
 namespace {
 
@@ -689,7 +692,7 @@ void frmMain::runSearch(const clsBible &store, const std::function<::QuickSearch
         return;
     m_searching = true;
     SSTab1->setCurrentIndex(0);
-    QApplication::setOverrideCursor(Qt::WaitCursor);
+    std::optional<platform::BusyCursor> busy(std::in_place);
     lbltitle->setText(QString());
     txtQuery->setFocus();
     rtfPassage->setText(QString());
@@ -701,7 +704,7 @@ void frmMain::runSearch(const clsBible &store, const std::function<::QuickSearch
     search.onTitle = [this](const QString &title) { lbltitle->setText(title); };
     search.onProgress = [this](int value, int) {
         picProgress->setValue(value);
-        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        platform::YieldToEvents();
     };
     const ::QuickSearch::Result result = scan(search);
     lbltitle->setText(result.title);
@@ -710,7 +713,8 @@ void frmMain::runSearch(const clsBible &store, const std::function<::QuickSearch
     if (result.outcome != ::QuickSearch::Outcome::Failed && result.outcome != ::QuickSearch::Outcome::TooMany)
         rtfPassage->setText(result.results.join(QString()));
 
-    QApplication::restoreOverrideCursor();
+    // The normal pointer is back before a failure is told.
+    busy.reset();
     picProgress->setVisible(false);
     m_searching = false;
     if (!result.failureMessage.isEmpty())
@@ -1076,7 +1080,7 @@ void frmMain::enterCommentary(bool focus)
     // The tab strip repaints before the commentary's book file is read.
     if (!m_commentary)
         m_commentary = std::make_unique<CommentaryStore>(ProgramSettings::instance().programFolder());
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    platform::YieldToEvents();
     if (m_commentary->Changed(m_bible))
         rtfTVC->setText(m_commentary->ViewText(m_bible));
     m_savedTitle = lbltitle->text();
@@ -1087,7 +1091,7 @@ void frmMain::enterCommentary(bool focus)
 
 void frmMain::enterNotes(bool focus)
 {
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    platform::YieldToEvents();
     if (m_keepUnsavedNotes) {
         m_keepUnsavedNotes = false;
     } else {

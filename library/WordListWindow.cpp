@@ -2,6 +2,7 @@
 
 #include "library/DataFiles.h"
 #include "library/ListSearch.h"
+#include "platform/BusyCursor.h"
 #include "platform/MsgBox.h"
 #include "platform/VbError.h"
 #include "scripture/basStrings.h"
@@ -117,7 +118,7 @@ void WordListWindow::showReferences(const QStringList &) {}
 void WordListWindow::FindWord(const QString &word)
 {
     txtWord->setText(basStrings::TrimBlanks(word).toString());
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    platform::YieldToEvents();
     cmdFind_Click();
 }
 
@@ -127,7 +128,7 @@ void WordListWindow::cmdFind_Click()
     showReferences({});
     // The status is painted before the scan.
     lblStatus->setText(QStringLiteral("Searching..."));
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    platform::YieldToEvents();
     const WordList::LookUp found = m_words.Find(txtWord->text());
     if (found.outcome == WordList::Outcome::Unreadable) {
         // The file cannot be opened: said as an error, and the window stays open.

@@ -464,10 +464,10 @@ bool frmMain::LoadTranslation(const QString &folder)
     const bool reopening = !m_translationFolder.isEmpty();
     if (reopening && !askToKeepNotes())
         return false;
-    const int oldBook = m_bible.Testament() == clsBible::NotFound ? 0 : m_bible.BookNumber();
+    const int oldBook = m_onDisplay.found() ? m_onDisplay.bookNumber : 0;
     const int oldCount = m_bible.BooksCount();
-    const QString oldName = oldBook > 0 ? m_bible.BookName(oldBook) : QString();
-    const int chapter = m_bible.CurrentChapter();
+    const QString oldName = m_onDisplay.book;
+    const int chapter = m_onDisplay.chapterFrom;
 
     m_translationFolder = folder;
     const QString path = programFile(folder);
@@ -575,10 +575,19 @@ void frmMain::lstChapters_Click()
     const QListWidgetItem *chapter = lstChapters->currentItem();
     if (!book || !chapter || !askToKeepNotes())
         return;
-    const QString text = m_bible.passage(book->text(), chapter->text().toInt(), 0, 0, 0);
-    rtfPassage->setTextRTF(PassageFormatter::ToRichText(text, true));
+    const Passage fetched = m_bible.MoveToPassage(book->text(), chapter->text().toInt());
+    showFetched(fetched, fetched.Standard());
+}
+
+void frmMain::showFetched(const Passage &fetched, const QString &title)
+{
+    rtfPassage->setTextRTF(PassageFormatter::ToRichText(fetched.text, true));
     rtfPassage->setSelStart(0);
-    lbltitle->setText(m_bible.Standard());
+    lbltitle->setText(title);
+    if (fetched.found()) {
+        m_onDisplay = fetched;
+        m_onDisplay.text.clear();
+    }
     refreshStudyTab();
 }
 
@@ -601,27 +610,26 @@ void frmMain::cmdGet_Click()
 {
     if (!askToKeepNotes())
         return;
-    const QString text = m_bible.Passagebystandard(txtReference->text());
-    rtfPassage->setTextRTF(PassageFormatter::ToRichText(text, true));
-    rtfPassage->setSelStart(0);
-    lbltitle->setText(m_bible.Standard());
-    refreshStudyTab();
+    const Passage fetched = m_bible.MoveTo(txtReference->text());
+    showFetched(fetched, fetched.Standard());
+    // An unknown book leaves an empty view, and the lists stay where they were; so does a view
+    // of three characters or fewer, which holds no verse.
+    if (chkUpdateList->isChecked() && fetched.found() && rtfPassage->Text().size() > 3)
+        selectInLists(fetched);
+}
 
-    // An unknown book leaves an empty view, and the lists stay where they were.
-    const int testament = m_bible.Testament();
-    if (!chkUpdateList->isChecked() || rtfPassage->Text().size() <= 3 || (testament != 0 && testament != 1))
-        return;
-    cmbTestaments->setCurrentIndex(testament);
+void frmMain::selectInLists(const Passage &passage)
+{
+    cmbTestaments->setCurrentIndex(passage.testament);
     cmbTestaments_Click();
-    const int row = m_bible.RowOfBook(m_bible.BookNumber());
     {
         const QSignalBlocker block(lstBooks);
-        lstBooks->setCurrentRow(row);
+        lstBooks->setCurrentRow(m_bible.RowOfBook(passage.bookNumber));
     }
     lstBooks_Click();
     // The chapter is marked too, without showing the whole chapter over the verses asked for.
     const QSignalBlocker block(lstChapters);
-    lstChapters->setCurrentRow(m_bible.CurrentChapter() - 1);
+    lstChapters->setCurrentRow(passage.chapterFrom - 1);
 }
 
 void frmMain::QuickSearch(const QString &text)
@@ -893,11 +901,8 @@ void frmMain::mnuBookmarksBookmarks_Click(int index)
     if (!askToKeepNotes())
         return;
     // The reference list may have lost items since the menu was built (Remove, then Cancel).
-    const QString text = m_bible.Passagebystandard(m_bookmarks.Reference(index));
-    rtfPassage->setTextRTF(PassageFormatter::ToRichText(text, true));
-    rtfPassage->setSelStart(0);
-    lbltitle->setText(QStringLiteral("Bookmark: ") + m_bible.Standard() + QStringLiteral(" -- ") + bookmarkCaption(index));
-    refreshStudyTab();
+    const Passage fetched = m_bible.MoveTo(m_bookmarks.Reference(index));
+    showFetched(fetched, QStringLiteral("Bookmark: ") + fetched.Standard() + QStringLiteral(" -- ") + bookmarkCaption(index));
 }
 
 void frmMain::mnuBookmarksAdd_Click()
@@ -1081,8 +1086,8 @@ void frmMain::enterCommentary(bool focus)
     if (!m_commentary)
         m_commentary = std::make_unique<CommentaryStore>(ProgramSettings::instance().programFolder());
     platform::YieldToEvents();
-    if (m_commentary->Changed(m_bible))
-        rtfTVC->setText(m_commentary->ViewText(m_bible));
+    if (m_commentary->Changed(m_onDisplay))
+        rtfTVC->setText(m_commentary->ViewText(m_bible, m_onDisplay));
     m_savedTitle = lbltitle->text();
     lbltitle->setText(QStringLiteral("Commentary For: ") + m_commentary->Standard());
     if (focus)
@@ -1095,37 +1100,34 @@ void frmMain::enterNotes(bool focus)
     if (m_keepUnsavedNotes) {
         m_keepUnsavedNotes = false;
     } else {
+        // The notes view now belongs to the chapter on display, whatever is fetched meanwhile.
+        m_notesChapter = m_onDisplay;
         const NotesStore notes(ProgramSettings::instance().programFolder());
-        rtfNotes->setTextRTF(notes.Read(currentTestament(), m_bible.CurrentBook(), m_bible.CurrentChapter()));
+        rtfNotes->setTextRTF(m_notesChapter.found() ? notes.Read(m_notesChapter.testament, m_notesChapter.book,
+                                                                 m_notesChapter.chapterFrom)
+                                                    : QString());
         m_notesSaved = true;
     }
     m_savedTitle = lbltitle->text();
-    lbltitle->setText(QStringLiteral("Notes For: ") + m_bible.CurrentBook() + u' ' +
-                      QString::number(m_bible.CurrentChapter()));
+    lbltitle->setText(QStringLiteral("Notes For: ") + m_notesChapter.book + u' ' +
+                      QString::number(m_notesChapter.chapterFrom));
     if (focus)
         rtfNotes->setFocus();
     frmNotesCommands->raise();
 }
 
-int frmMain::currentTestament() const
-{
-    const int book = m_bible.BookByName(m_bible.CurrentBook());
-    return book > 0 ? m_bible.TestamentOfBook(book) : (m_bible.Testament() == 1 ? 1 : 0);
-}
-
 void frmMain::cmdSaveNotes_Click()
 {
-    const QString book = m_bible.CurrentBook();
-    const int chapter = m_bible.CurrentChapter();
-    if (book.isEmpty() || chapter < 1) {
+    const Passage &chapter = m_notesChapter;
+    if (!chapter.found() || chapter.chapterFrom < 1) {
         platform::MsgBox(QStringLiteral("There is no chapter on display to keep notes for."), vb::vbExclamation);
         return;
     }
     const NotesStore notes(ProgramSettings::instance().programFolder());
-    const QString failure = notes.Write(currentTestament(), book, chapter, rtfNotes->TextRTF());
+    const QString failure = notes.Write(chapter.testament, chapter.book, chapter.chapterFrom, rtfNotes->TextRTF());
     if (!failure.isEmpty()) {
         platform::MsgBox(QStringLiteral("Your notes could not be saved to '") +
-                             QDir::toNativeSeparators(notes.BookPath(currentTestament(), book)) +
+                             QDir::toNativeSeparators(notes.BookPath(chapter.testament, chapter.book)) +
                              QStringLiteral(".dat'.\r\n") + failure +
                              QStringLiteral("\r\nThe file was left as it was, and your notes are still on screen."),
                          vb::vbExclamation);

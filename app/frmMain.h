@@ -59,7 +59,7 @@ public:
     ~frmMain() override;
 
     // The store of the open translation.
-    clsBible &Bible() override { return m_bible; }
+    const clsBible &Bible() const override { return m_bible; }
 
     // Points the window at a translation folder of the program folder (its name, e.g. "KJV") and
     // fills everything from it.
@@ -182,13 +182,20 @@ private:
     void toggleNotesFormat(bool (platform::RichTextBox::*get)() const, void (platform::RichTextBox::*set)(bool));
     // After it changed: a notes or commentary tab on show follows the new chapter.
     void refreshStudyTab();
-    // The testament of the chapter on display, from its book (the store's own testament reads 5
-    // after a book that was not found).
-    int currentTestament() const;
+    // Shows a passage the window fetched itself, under a title; a passage of a known book becomes
+    // the chapter on display, which the notes and the commentary follow.
+    void showFetched(const Passage &fetched, const QString &title);
+    // The lists mark the book and chapter of a passage, without showing the whole chapter.
+    void selectInLists(const Passage &passage);
     // The caption of bookmark entry index (from 1) as the user reads it.
     QString bookmarkCaption(int index) const;
 
     clsBible m_bible;
+    // The chapter on display: the book and first chapter of the last passage this window fetched
+    // and showed. Nothing another window fetches moves it.
+    Passage m_onDisplay;
+    // The chapter whose notes the notes view holds.
+    Passage m_notesChapter;
     Bookmarks m_bookmarks;
     std::unique_ptr<clsBible> m_numbered;
     QString m_lastConcordance;

@@ -76,8 +76,8 @@ void LongChapterOnScreen(benchmark::State &state)
 {
     frmMain *main = openMainWindow(programFolder());
     for (auto _ : state) {
-        const QString text = main->Bible().Passagebystandard(QStringLiteral("Psalms 119"));
-        main->ShowPassage(PassageFormatter::ToRichText(text, true), main->Bible().Standard());
+        const Passage psalm = main->Bible().Fetch(QStringLiteral("Psalms 119"));
+        main->ShowPassage(PassageFormatter::ToRichText(psalm.text, true), psalm.Standard());
         benchmark::DoNotOptimize(main->findChild<platform::RichTextBox *>(QStringLiteral("rtfPassage"))->viewport()->grab());
     }
     delete main;

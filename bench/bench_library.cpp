@@ -62,7 +62,7 @@ public:
     NoMainWindow() { m_bible.setVersionPath(importedFolder() + QStringLiteral("/KJV")); }
     void GoToReference(const QString &) override {}
     void ShowPassage(const QString &, const QString &) override {}
-    clsBible &Bible() override { return m_bible; }
+    const clsBible &Bible() const override { return m_bible; }
     void StrongConcordance(const QString &) override {}
 
 private:

@@ -122,7 +122,7 @@ void frmOrganizeBookmarks::lstBookmarks_Click()
     txtReference->setEnabled(true);
     txtName->setText(lstBookmarks->item(row)->text());
     txtReference->setText(referenceItem(row + 1));
-    QString passage = m_bible.Passagebystandard(txtReference->text());
+    QString passage = m_bible.Fetch(txtReference->text()).text;
     passage.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     txtPassage->setPlainText(passage);
 }

@@ -48,7 +48,7 @@ private:
     QStringList &m_references;
     // A copy of the translation store, so that showing a bookmark's passage here leaves the
     // passage the main window shows (and where its notes are saved) as it is.
-    clsBible m_bible;
+    const clsBible &m_bible;
     std::function<void()> m_reload;
     WindowPlacement *m_placement = nullptr;
 

@@ -16,8 +16,9 @@ public:
     virtual void GoToReference(const QString &reference) = 0;
     // Shows a passage that the caller has already formatted, under a title.
     virtual void ShowPassage(const QString &rtf, const QString &title) = 0;
-    // The store of the open translation.
-    virtual clsBible &Bible() = 0;
+    // The store of the open translation, to fetch from: only the main window moves it to what
+    // it shows, so a reference window's look-up never changes the chapter its notes belong to.
+    virtual const clsBible &Bible() const = 0;
     // Lists every verse that carries a Strong's number ("H430", "G26"), as the Strong's
     // concordance of the main window does.
     virtual void StrongConcordance(const QString &number) = 0;

@@ -10,11 +10,11 @@ QString TopicTitle(const NamedReferences &topics, int record)
     return topics.Names().value(record - 1) + QStringLiteral(" - ") + topics.ReferenceField(record);
 }
 
-QString TopicText(clsBible &bible, const NamedReferences &topics, int record)
+QString TopicText(const clsBible &bible, const NamedReferences &topics, int record)
 {
     QString text;
     for (const QString &reference : topics.References(record))
-        text += bible.Passagebystandard(reference);
+        text += bible.Fetch(reference).text;
     return text;
 }
 
@@ -25,15 +25,12 @@ int PickVerse(const VerseList &verses, double r)
     return n < 1 ? 1 : (verses.Count() > 0 && n > verses.Count() ? verses.Count() : n);
 }
 
-QString VerseText(clsBible &bible, const VerseList &verses, int n)
+QString VerseText(const clsBible &bible, const VerseList &verses, int n)
 {
     if (verses.Count() == 0)
         return {};
-    const bool inText = bible.InTextReference();
-    bible.setInTextReference(false);
-    const QString text = bible.Passagebystandard(verses.Line(n));
-    bible.setInTextReference(inText);
-    return bible.Standard() + QStringLiteral("\r\n") + text;
+    const Passage verse = bible.Fetch(verses.Line(n), false);
+    return verse.Standard() + QStringLiteral("\r\n") + verse.text;
 }
 
 QString VersesMissingText()

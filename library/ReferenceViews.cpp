@@ -7,9 +7,9 @@
 #include "scripture/PassageFormatter.h"
 #include "scripture/clsBible.h"
 
-void ShowReferenceIn(platform::RichTextBox *view, clsBible &bible, const QString &reference)
+void ShowReferenceIn(platform::RichTextBox *view, const clsBible &bible, const QString &reference)
 {
-    view->setTextRTF(PassageFormatter::ToRichText(bible.Passagebystandard(reference), true));
+    view->setTextRTF(PassageFormatter::ToRichText(bible.Fetch(reference).text, true));
     view->setSelStart(0);
 }
 

@@ -114,7 +114,7 @@ void frmParables::lstParables_Click()
 
 void frmParables::showGospels(int record)
 {
-    clsBible &bible = m_main.Bible();
+    const clsBible &bible = m_main.Bible();
     for (int j = 0; j < GospelParallels::GospelCount; ++j) {
         const auto gospel = GospelParallels::Gospel(j);
         const bool tells = m_list.Tells(record, gospel);

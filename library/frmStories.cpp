@@ -42,7 +42,7 @@ void frmStories::lstReferences_Click()
     if (!item || record < 1)
         return;
     const QString reference = item->text();
-    const QString text = main().Bible().Passagebystandard(reference);
+    const QString text = main().Bible().Fetch(reference).text;
     main().ShowPassage(PassageFormatter::ToRichText(text, true),
                        entries().Names().at(record - 1) + QStringLiteral(" - ") + reference);
 }

@@ -9,17 +9,17 @@ CommentaryStore::CommentaryStore(const QString &programFolder)
     m_store.setVersionPath(basStrings::JoinPath(programFolder, QStringLiteral("tvc")));
 }
 
-QString CommentaryStore::ViewText(const clsBible &translation)
+QString CommentaryStore::ViewText(const clsBible &translation, const Passage &chapter)
 {
-    if (!Changed(translation))
+    if (!Changed(chapter))
         return m_text;
     m_fetched = true;
-    m_book = translation.CurrentBook();
-    m_chapter = translation.CurrentChapter();
+    m_book = chapter.book;
+    m_chapter = chapter.chapterFrom;
 
     int book = m_store.BookByName(m_book);
     if (book == 0 && m_store.BooksCount() == translation.BooksCount())
-        book = translation.BookNumber();
+        book = chapter.bookNumber;
     QString commentary;
     if (book != 0)
         commentary = m_store.passage(m_store.BookName(book), m_chapter);
@@ -32,8 +32,7 @@ QString CommentaryStore::Standard() const
     return m_store.Standard();
 }
 
-bool CommentaryStore::Changed(const clsBible &translation) const
+bool CommentaryStore::Changed(const Passage &chapter) const
 {
-    return !m_fetched || translation.CurrentBook() != m_book ||
-           translation.CurrentChapter() != m_chapter;
+    return !m_fetched || chapter.book != m_book || chapter.chapterFrom != m_chapter;
 }

@@ -14,16 +14,17 @@ public:
     // it for a translation.
     explicit CommentaryStore(const QString &programFolder);
 
-    // "Tovelian's Commentary " and CR LF, then the commentary on the translation's current book and
-    // chapter, each line followed by CR LF. A translation in another language names its books
-    // differently; then the book of the same number is taken when both have as many books.
-    QString ViewText(const clsBible &translation);
+    // "Tovelian's Commentary " and CR LF, then the commentary on a chapter of the translation
+    // (its book and first chapter), each line followed by CR LF. A translation in another
+    // language names its books differently; then the book of the same number is taken when both
+    // have as many books.
+    QString ViewText(const clsBible &translation, const Passage &chapter);
 
     // The reference of the commentary last fetched.
     QString Standard() const;
 
-    // Whether the translation is on another book or chapter than the commentary last fetched.
-    bool Changed(const clsBible &translation) const;
+    // Whether a chapter is another book or chapter than the commentary last fetched.
+    bool Changed(const Passage &chapter) const;
 
 private:
     clsBible m_store;

@@ -144,35 +144,34 @@ QString clsBible::BookFilePath(int number) const
     return m_testamentFolders[TestamentOfBook(number)] + (onDisk.isEmpty() ? BookName(number) + QStringLiteral(".dat") : onDisk);
 }
 
-bool clsBible::lookUpBook(QString &name)
+bool clsBible::lookUpBook(QString &name, Passage &record) const
 {
     name = ReferenceParser::ExpandAbbreviation(
         basStrings::UpperCase(basStrings::TrimBlanks(name).toString()));
-    // An empty name would match the first book by prefix; nobody means that.
-    if (!name.isEmpty()) {
-        const int count = std::clamp(m_booksCount, 0, MaxBooks);
-        for (int i = 1; i <= count; ++i) {
-            const QString full = basStrings::UpperCase(m_books[i - 1].name.trimmed());
-            if (full.startsWith(name)) {
-                name = full;
-                m_bookNumber = i;
-                m_testament = TestamentOfBook(i);
-                return true;
-            }
+    // An empty name is a prefix of every name, so it finds the first book.
+    const int count = std::clamp(m_booksCount, 0, MaxBooks);
+    for (int i = 1; i <= count; ++i) {
+        const QString full = basStrings::UpperCase(m_books[i - 1].name.trimmed());
+        if (full.startsWith(name)) {
+            name = full;
+            record.bookNumber = i;
+            record.testament = TestamentOfBook(i);
+            return true;
         }
     }
-    m_testament = NotFound;
+    record.testament = NotFound;
     return false;
 }
 
-QString clsBible::passage(QString book, int chapterFrom, int verseFrom, int chapterTo, int verseTo)
+QString clsBible::read(Passage &record, QString book, int chapterFrom, int verseFrom, int chapterTo, int verseTo,
+                       bool inTextReference) const
 {
     // 1. Find the book; an unknown one changes nothing but the testament.
-    if (!lookUpBook(book))
+    if (!lookUpBook(book, record))
         return QString();
 
     // 2. Forget the last passage's numbers.
-    m_chapterFrom = m_chapterTo = m_verseFrom = m_verseTo = 0;
+    record.chapterFrom = record.chapterTo = record.verseFrom = record.verseTo = 0;
 
     // 3. Order the chapters.
     if (chapterTo == 0)
@@ -181,19 +180,19 @@ QString clsBible::passage(QString book, int chapterFrom, int verseFrom, int chap
         std::swap(chapterFrom, chapterTo);
 
     // 4. A chapter past the end of the book means the last chapter.
-    const int last = Chapters(m_bookNumber);
+    const int last = Chapters(record.bookNumber);
     if (chapterFrom > last)
         chapterFrom = chapterTo = last;
     if (chapterTo > last)
         chapterTo = last;
 
     // 5. Read the chapters, markers becoming headings when in-text references are on.
-    const QString path = m_testamentFolders[m_testament] + book + QStringLiteral(".dat");
+    const QString path = m_testamentFolders[record.testament] + book + QStringLiteral(".dat");
     const std::shared_ptr<const BookFiles::Content> file = BookFiles::lines(path);
     QList<Part> parts;
     bool inside = false;
     if (file) {
-        m_lastReadFailed = false;
+        record.readFailed = false;
         int chapter = 0;
         for (const QString &line : file->lines) {
             if (inside && ChapterMarker::IsMarkerOf(line, chapterTo + 1))
@@ -204,7 +203,7 @@ QString clsBible::passage(QString book, int chapterFrom, int verseFrom, int chap
                 continue;
             if (ChapterMarker::IsMarker(line)) {
                 chapter = ChapterMarker::Number(line);
-                if (m_inTextReference)
+                if (inTextReference)
                     parts.append({book + u' ' + QString::number(chapter), true, chapter});
                 continue;
             }
@@ -214,11 +213,11 @@ QString clsBible::passage(QString book, int chapterFrom, int verseFrom, int chap
 
     // 6. The book and chapters of this passage, even when none of it was found, so that the
     // reference shown and a list's next bare chapter ("Mal 0,3") name the book asked for.
-    m_currentBook = book;
-    m_chapterFrom = chapterFrom;
-    m_chapterTo = chapterTo;
+    record.book = book;
+    record.chapterFrom = chapterFrom;
+    record.chapterTo = chapterTo;
     if (!file) {
-        m_lastReadFailed = true;
+        record.readFailed = true;
         platform::MsgBox(platform::ErrText(53, VbError::fileNotFound(platform::ResolvePath(path)).description));
         return QString();
     }
@@ -267,52 +266,84 @@ QString clsBible::passage(QString book, int chapterFrom, int verseFrom, int chap
     }
 
     // 10. The verses and the end of the passage; the heading goes in front when asked for.
-    m_verseFrom = verseFrom;
-    m_chapterTo = chapterTo;
-    m_verseTo = verseTo;
-    if (m_inTextReference)
+    record.verseFrom = verseFrom;
+    record.chapterTo = chapterTo;
+    record.verseTo = verseTo;
+    if (inTextReference)
         return book + u' ' + QString::number(chapterFrom) + QStringLiteral(" \r\n") + text;
     return text;
 }
 
-QString clsBible::Standard() const
+QString Passage::Standard() const
 {
-    QString s = m_currentBook + u' ' + QString::number(m_chapterFrom);
-    if (m_verseFrom != 0)
-        s += u':' + QString::number(m_verseFrom);
-    if (m_chapterTo != 0 && m_chapterTo != m_chapterFrom) {
-        s += u'-' + QString::number(m_chapterTo);
-        if (m_verseTo != 0)
-            s += u':' + QString::number(m_verseTo);
-    } else if (m_verseTo != m_verseFrom) {
-        s += u'-' + QString::number(m_verseTo);
+    QString s = book + u' ' + QString::number(chapterFrom);
+    if (verseFrom != 0)
+        s += u':' + QString::number(verseFrom);
+    if (chapterTo != 0 && chapterTo != chapterFrom) {
+        s += u'-' + QString::number(chapterTo);
+        if (verseTo != 0)
+            s += u':' + QString::number(verseTo);
+    } else if (verseTo != verseFrom) {
+        s += u'-' + QString::number(verseTo);
     }
     return s;
 }
 
-QString clsBible::parseOne(const QString &reference)
+QString clsBible::readOne(Passage &record, const QString &reference, bool inTextReference) const
 {
     const ReferenceParser::Reference ref = ReferenceParser::Parse(reference);
-    return passage(ref.book, ref.chapterFrom, ref.verseFrom, ref.chapterTo, ref.verseTo);
+    return read(record, ref.book, ref.chapterFrom, ref.verseFrom, ref.chapterTo, ref.verseTo, inTextReference);
 }
 
-QString clsBible::Passagebystandard(const QString &references)
+Passage clsBible::FetchPassage(const QString &book, int chapterFrom, int verseFrom, int chapterTo, int verseTo) const
+{
+    Passage fetched = m_last;
+    fetched.readFailed = m_lastReadFailed;
+    fetched.text = read(fetched, book, chapterFrom, verseFrom, chapterTo, verseTo, m_inTextReference);
+    return fetched;
+}
+
+Passage clsBible::Fetch(const QString &references, bool inTextReference) const
 {
     clsSeparation list;
     list.setDelimiter(QStringLiteral(","));
     list.setText(references);
+    // The numbers of the passage before carry on until a passage replaces them.
+    Passage fetched = m_last;
+    fetched.readFailed = m_lastReadFailed;
     QString text;
     for (const QString &item : list.items()) {
-        // A trailing or doubled comma leaves an empty item; it names nothing.
-        if (basStrings::TrimBlanks(item).isEmpty())
-            continue;
         // "John 3:16,18": an item of bare numbers continues the last passage's book. An item
         // that names a book of its own ("1John 4:8", "1 Cor 13") starts with a digit too, but
         // is read as it stands, or numbered books could not be reached after any other passage.
-        if (basStrings::IsDigit(item.at(0)) && !containsLetter(item))
-            text += parseOne(m_currentBook + u' ' + item);
+        if (!item.isEmpty() && basStrings::IsDigit(item.at(0)) && !containsLetter(item))
+            text += readOne(fetched, fetched.book + u' ' + item, inTextReference);
         else
-            text += parseOne(item);
+            text += readOne(fetched, item, inTextReference);
     }
-    return text;
+    fetched.text = text;
+    return fetched;
+}
+
+Passage clsBible::remember(Passage fetched)
+{
+    m_lastReadFailed = fetched.readFailed;
+    m_last = fetched;
+    m_last.text.clear();
+    return fetched;
+}
+
+Passage clsBible::MoveTo(const QString &references)
+{
+    return remember(Fetch(references));
+}
+
+Passage clsBible::MoveToPassage(const QString &book, int chapterFrom, int verseFrom, int chapterTo, int verseTo)
+{
+    return remember(FetchPassage(book, chapterFrom, verseFrom, chapterTo, verseTo));
+}
+
+QString clsBible::passage(QString book, int chapterFrom, int verseFrom, int chapterTo, int verseTo)
+{
+    return MoveToPassage(book, chapterFrom, verseFrom, chapterTo, verseTo).text;
 }

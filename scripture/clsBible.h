@@ -3,6 +3,29 @@
 #include <QString>
 #include <array>
 
+// What a fetch found: the text and the passage it came from. A failed book look-up leaves the
+// numbers of the passage before it and only says so through the testament.
+struct Passage
+{
+    static constexpr int NotFound = 5;
+
+    QString text;
+    // 0 first testament, 1 second, NotFound when the last book asked for was not found.
+    int testament = NotFound;
+    int bookNumber = 0;
+    QString book; // upper-cased full name
+    int chapterFrom = 0;
+    int chapterTo = 0;
+    int verseFrom = 0;
+    int verseTo = 0;
+    // The book file or a map could not be read (the user has been told).
+    bool readFailed = false;
+
+    bool found() const { return testament == 0 || testament == 1; }
+    // The passage as a reference: JOHN 3:16, JOHN 3:16-18, JOHN 3-4, JOHN 3:16-4:2.
+    QString Standard() const;
+};
+
 // The one object through which the program reads scripture: a translation folder (or a commentary
 // or notes folder in the same layout), its table of books from the two book maps, the last passage
 // fetched, and the two output settings that shape passage text.
@@ -10,7 +33,7 @@ class clsBible
 {
 public:
     static constexpr int MaxBooks = 100;
-    static constexpr int NotFound = 5;
+    static constexpr int NotFound = Passage::NotFound;
 
     // The translation folder, always ending in a separator. Setting it loads both book maps.
     QString VersionPath() const { return m_versionPath; }
@@ -29,11 +52,14 @@ public:
     QString VersionInitial() const { return m_versionInitial; }
     void setVersionInitial(const QString &initial) { m_versionInitial = initial; }
 
-    // 0 first testament, 1 second, 5 when the last book asked for was not found.
-    int Testament() const { return m_testament; }
-    int BookNumber() const { return m_bookNumber; }
-    QString CurrentBook() const { return m_currentBook; }
-    int CurrentChapter() const { return m_chapterFrom; }
+    // The record of the last passage this store was moved to by passage() or
+    // Passagebystandard(): 0 first testament, 1 second, 5 when the last book asked for was not
+    // found. Only the window that owns the store moves it; everybody else fetches.
+    int Testament() const { return m_last.testament; }
+    int BookNumber() const { return m_last.bookNumber; }
+    QString CurrentBook() const { return m_last.book; }
+    int CurrentChapter() const { return m_last.chapterFrom; }
+    const Passage &Last() const { return m_last; }
 
     // The trimmed name of a book; the number is clamped to 1..BooksCount.
     QString BookName(int number) const;
@@ -41,12 +67,23 @@ public:
     int Chapters(int number) const;
 
     // The last passage as a reference: JOHN 3:16, JOHN 3:16-18, JOHN 3-4, JOHN 3:16-4:2.
-    QString Standard() const;
+    QString Standard() const { return m_last.Standard(); }
 
-    // The text of a list of references separated by ",".
-    QString Passagebystandard(const QString &references);
+    // A list of references separated by ",", fetched without moving the store: the text of all
+    // of them, and the last one's passage. A first item of bare numbers continues the book of
+    // the store's last passage.
+    Passage Fetch(const QString &references) const { return Fetch(references, m_inTextReference); }
+    Passage Fetch(const QString &references, bool inTextReference) const;
+    // One passage, fetched without moving the store; verse 0 means the whole chapter, chapterTo
+    // 0 the same chapter.
+    Passage FetchPassage(const QString &book, int chapterFrom, int verseFrom = 0, int chapterTo = 0,
+                         int verseTo = 0) const;
 
-    // The text of a passage; verse 0 means the whole chapter, chapterTo 0 the same chapter.
+    // The same, moving the store's record to what was fetched: for the window that shows it.
+    Passage MoveTo(const QString &references);
+    Passage MoveToPassage(const QString &book, int chapterFrom, int verseFrom = 0, int chapterTo = 0,
+                          int verseTo = 0);
+    QString Passagebystandard(const QString &references) { return MoveTo(references).text; }
     QString passage(QString book, int chapterFrom, int verseFrom = 0, int chapterTo = 0,
                     int verseTo = 0);
 
@@ -79,20 +116,19 @@ private:
         QString fileName; // the book file's name as it is on disk ("GENESIS.dat"); empty if none
     };
 
-    bool lookUpBook(QString &name);
+    bool lookUpBook(QString &name, Passage &record) const;
     bool loadMap(int testament, int &row);
-    QString parseOne(const QString &reference);
+    // Reads one passage into the record as the store's passage steps say; returns its text.
+    QString read(Passage &record, QString book, int chapterFrom, int verseFrom, int chapterTo, int verseTo,
+                 bool inTextReference) const;
+    QString readOne(Passage &record, const QString &reference, bool inTextReference) const;
+    // Makes a fetch the store's last passage.
+    Passage remember(Passage fetched);
 
     QString m_versionPath;
     std::array<QString, 2> m_testamentFolders;
     QString m_versionInitial;
-    int m_testament = NotFound;
-    QString m_currentBook;
-    int m_chapterFrom = 0;
-    int m_chapterTo = 0;
-    int m_bookNumber = 0;
-    int m_verseFrom = 0;
-    int m_verseTo = 0;
+    Passage m_last; // without its text
     QString m_separator = QStringLiteral("\r\n");
     bool m_inTextReference = true;
     int m_oldTestamentCount = 39;

@@ -89,8 +89,10 @@ private slots:
         QTest::newRow("verse to the end of the chapter") << "John 4:53-" << "JOHN 4 \r\n" + verses("John", 4, 53, 53) << "JOHN 4:53" << 1;
         QTest::newRow("verse past the chapter") << "John 3:99" << "" << "JOHN 3" << 1;
         QTest::newRow("unknown book") << "Hezekiah 1:1" << "" << "" << 5;
-        QTest::newRow("empty") << "" << "" << "" << 5;
-        QTest::newRow("trailing comma") << "John 3:16," << "JOHN 3 \r\n" + verses("John", 3, 16, 16) << "JOHN 3:16" << 1;
+        // An empty name is a prefix of every name: it reads as the first book, chapter 1.
+        const QString genesis1 = QStringLiteral("GENESIS 1\r\n") + verses(QStringLiteral("Genesis"), 1, 1, 31);
+        QTest::newRow("empty") << "" << genesis1 << "GENESIS 1" << 0;
+        QTest::newRow("trailing comma") << "John 3:16," << "JOHN 3 \r\n" + verses("John", 3, 16, 16) + genesis1 << "GENESIS 1" << 0;
     }
 
     void references()

@@ -294,11 +294,11 @@ private slots:
         }
         clsBible bible;
         bible.setVersionPath(folder + u'/' + translation);
-        bible.Passagebystandard(reference);
+        Passage chapter = bible.Fetch(reference);
         CommentaryStore store(folder);
-        QVERIFY(store.Changed(bible));
-        QCOMPARE(store.ViewText(bible), QStringLiteral("Tovelian's Commentary \r\n") + commentary);
-        QVERIFY(!store.Changed(bible));
+        QVERIFY(store.Changed(chapter));
+        QCOMPARE(store.ViewText(bible, chapter), QStringLiteral("Tovelian's Commentary \r\n") + commentary);
+        QVERIFY(!store.Changed(chapter));
 
         // Coming back to the same chapter reads nothing, even when the file has gone since.
         if (translation == u"ENG" && !commentary.isEmpty()) {
@@ -307,12 +307,12 @@ private slots:
             const QByteArray bytes = fileBytes(file);
             QFile::remove(file);
             m_answers.clear();
-            QCOMPARE(store.ViewText(bible),
+            QCOMPARE(store.ViewText(bible, chapter),
                      QStringLiteral("Tovelian's Commentary \r\n") + commentary);
             QCOMPARE(m_answers.count(), 0);
-            bible.Passagebystandard(QStringLiteral("Exodus 1"));
-            QVERIFY(store.Changed(bible));
-            QCOMPARE(store.ViewText(bible), QStringLiteral("Tovelian's Commentary \r\n"));
+            chapter = bible.Fetch(QStringLiteral("Exodus 1"));
+            QVERIFY(store.Changed(chapter));
+            QCOMPARE(store.ViewText(bible, chapter), QStringLiteral("Tovelian's Commentary \r\n"));
             QCOMPARE(m_answers.count(), 1);
             writeFile(file, bytes);
         }
@@ -326,7 +326,7 @@ private slots:
         QVERIFY(m_answers.prompts().first().endsWith(
             QStringLiteral("tvc/oldtest/map.dat is missing or is corrupt")));
         clsBible none;
-        QCOMPARE(store.ViewText(none), QStringLiteral("Tovelian's Commentary \r\n"));
+        QCOMPARE(store.ViewText(none, Passage()), QStringLiteral("Tovelian's Commentary \r\n"));
     }
 };
 

@@ -27,7 +27,7 @@ public:
 
     void GoToReference(const QString &reference) override { references << reference; }
     void ShowPassage(const QString &rtf, const QString &title) override { shown.append({rtf, title}); }
-    clsBible &Bible() override { return bible; }
+    const clsBible &Bible() const override { return bible; }
     void StrongConcordance(const QString &number) override { concordance << number; }
 
     // A program folder whose translation "T" holds Genesis 1 and 2, three verses each

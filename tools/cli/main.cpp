@@ -247,20 +247,20 @@ int notesCommand(clsBible &bible, const QString &folder, QStringList args)
             return NoInput;
         }
     }
-    bible.Passagebystandard(args.first());
-    if (bible.Testament() == clsBible::NotFound)
+    const Passage chapter = bible.Fetch(args.first());
+    if (!chapter.found())
         return bookNotFound(args.first());
     const NotesStore notes(folder);
     if (!bytes) {
-        out(notes.Read(bible.Testament(), bible.CurrentBook(), bible.CurrentChapter()));
+        out(notes.Read(chapter.testament, chapter.book, chapter.chapterFrom));
         return Ok;
     }
     QString markup = platform::DecodeText(*bytes).text;
     if (!markup.startsWith(QStringLiteral("{\\rtf")))
         markup = NotesStore::RtfFromPlainText(markup);
-    const QString reason = notes.Write(bible.Testament(), bible.CurrentBook(), bible.CurrentChapter(), markup);
+    const QString reason = notes.Write(chapter.testament, chapter.book, chapter.chapterFrom, markup);
     if (!reason.isEmpty()) {
-        const QString path = notes.BookPath(bible.Testament(), bible.CurrentBook());
+        const QString path = notes.BookPath(chapter.testament, chapter.book);
         err(path.isEmpty() ? reason
                            : QStringLiteral("The notes could not be saved to %1.dat: %2")
                                  .arg(QDir::toNativeSeparators(path), reason));
@@ -378,11 +378,11 @@ int main(int argc, char **argv)
     if (command == u"commentary") {
         if (args.size() != 1)
             return usage();
-        bible.Passagebystandard(args.first());
-        if (bible.Testament() == clsBible::NotFound)
+        const Passage chapter = bible.Fetch(args.first());
+        if (!chapter.found())
             return bookNotFound(args.first());
         CommentaryStore commentary(folder);
-        out(commentary.ViewText(bible));
+        out(commentary.ViewText(bible, chapter));
         return Ok;
     }
 
@@ -390,14 +390,14 @@ int main(int argc, char **argv)
         return usage();
     if (args.size() != 1)
         return usage();
-    const QString text = bible.Passagebystandard(args.first());
+    const Passage fetched = bible.Fetch(args.first());
     if (command == u"passage")
-        out(text);
+        out(fetched.text);
     else if (command == u"standard")
-        out(bible.Standard() + u'\n');
+        out(fetched.Standard() + u'\n');
     else
-        out(PassageFormatter::ToRichText(text, true));
-    if (bible.Testament() == clsBible::NotFound)
+        out(PassageFormatter::ToRichText(fetched.text, true));
+    if (!fetched.found())
         return bookNotFound(args.first());
     return Ok;
 }

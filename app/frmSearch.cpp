@@ -2,6 +2,7 @@
 
 #include "library/MainWindowLink.h"
 #include "platform/BusyCursor.h"
+#include "platform/InputOnlyTo.h"
 #include "platform/MsgBox.h"
 #include "scripture/AdvancedSearch.h"
 #include "scripture/basStrings.h"
@@ -228,10 +229,12 @@ void frmSearch::cmdSearch_Click()
     m_running = true;
     lbltitle->setText(QString());
     platform::BusyCursor busy;
+    // This window takes clicks meanwhile, so that a second Search is refused in words.
+    platform::InputOnlyTo onlyHere(this);
     AdvancedSearch search;
-    search.onProgress = [this](int book, int) {
+    search.onProgress = [this, &onlyHere](int book, int) {
         picProgress->setValue(book);
-        platform::YieldToEvents();
+        onlyHere.yield();
     };
     search.onOverLimit = [](const QString &message) { platform::MsgBox(message, vb::vbCritical | vb::vbOKOnly); };
     const AdvancedSearch::Result result = search.run(m_main.Bible(), options);

@@ -115,15 +115,20 @@ void frmParables::lstParables_Click()
 void frmParables::showGospels(int record)
 {
     const clsBible &bible = m_main.Bible();
+    bool told = false;
     for (int j = 0; j < GospelParallels::GospelCount; ++j) {
         const auto gospel = GospelParallels::Gospel(j);
         const bool tells = m_list.Tells(record, gospel);
+        told |= tells;
         if (tells)
             ShowReferenceIn(rtfGospel[j], bible, m_list.Reference(record, gospel));
         else
             rtfGospel[j]->clear();
         SSTab1->setTabEnabled(j, tells);
     }
+    // The tab strip keeps the tab in front looking chosen even when it is disabled; told by
+    // none, the whole strip is greyed.
+    SSTab1->setEnabled(told);
     // A gospel silent on this one cannot stay in front: the first that tells it comes forward.
     if (!SSTab1->isTabEnabled(SSTab1->currentIndex())) {
         for (int j = 0; j < GospelParallels::GospelCount; ++j) {

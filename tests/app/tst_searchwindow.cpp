@@ -124,12 +124,18 @@ private slots:
         QVERIFY(program.start(QStringLiteral("KJV")));
         program.control<QAction>("mnuToolsSearch")->trigger();
         auto *window = program.main()->findChild<frmSearch *>();
-        // A timer fires while the search lets the window repaint between books.
-        QTimer::singleShot(0, window, [window] { in<QPushButton>(window, "cmdSearch")->click(); });
+        // A timer fires while the search lets the windows take events between books: a click on
+        // Search is refused in words, a click in the main window waits for the search to end.
+        QTimer::singleShot(0, window, [window, &program] {
+            QTest::mouseClick(in<QPushButton>(window, "cmdSearch"), Qt::LeftButton);
+            program.control<QLineEdit>("txtReference")->setText(QStringLiteral("John 2"));
+            QTest::mouseClick(program.control<QPushButton>("cmdGet"), Qt::LeftButton);
+        });
         search(window, QStringLiteral("god"));
         QCOMPARE(answers.prompts(), QStringList{"A search is already running, please wait until it is finished"});
         QCOMPARE(answers.last().buttons, int(vb::vbCritical));
         QCOMPARE(results(window).size(), 4);
+        QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("GENESIS 1"));
     }
 
     void keepsPlaceAndBooks()

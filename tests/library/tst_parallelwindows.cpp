@@ -31,7 +31,8 @@ namespace {
 const QByteArray kParables = "Parables of the test, in order\r\n"
                              "The sower|Genesis 1:1|Genesis 1:2|Genesis 1:3|Genesis 2:1\r\n"
                              "The lost coin|||Genesis 2:2|\r\n"
-                             "The two sons|Genesis 2:3|||\r\n";
+                             "The two sons|Genesis 2:3|||\r\n"
+                             "Untold||||\r\n";
 const QByteArray kProphecies = "Prophecies of the test\r\n"
                                "Born of a virgin|Genesis 1:2|Genesis 2:3\r\n"
                                "The seed|Genesis 1:1|Genesis 2:1\r\n";
@@ -96,7 +97,7 @@ private slots:
         QCOMPARE(window->windowTitle(), QStringLiteral("Parables of Jesus Christ"));
         QCOMPARE(window.control<QLabel>("Label1")->text(), QStringLiteral("Parables "));
         QCOMPARE(window.entries("lstParables"),
-                 (QStringList{"The sower", "The lost coin", "The two sons"}));
+                 (QStringList{"The sower", "The lost coin", "The two sons", "Untold"}));
         auto *tabs = window.control<QTabWidget>("SSTab1");
         QCOMPARE(tabs->tabText(0) + tabs->tabText(1) + tabs->tabText(2) + tabs->tabText(3),
                  QStringLiteral("MatthewMarkLukeJohn"));
@@ -130,6 +131,13 @@ private slots:
         list->setCurrentRow(2);
         QCOMPARE(enabledTabs(window), (QList<bool>{true, false, false, false}));
         QCOMPARE(tabs->currentIndex(), 0);
+        // Told by none: no gospel can be opened, the one in front included.
+        list->setCurrentRow(3);
+        QCOMPARE(enabledTabs(window), (QList<bool>{false, false, false, false}));
+        QVERIFY(!tabs->isEnabled());
+        QVERIFY(gospelText(window, 0).isEmpty());
+        list->setCurrentRow(0);
+        QVERIFY(tabs->isEnabled());
         QVERIFY(m_main.shown.isEmpty());
     }
 

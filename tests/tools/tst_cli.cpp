@@ -406,6 +406,10 @@ private slots:
         QTest::newRow("verse of a line")
             << QStringList{"--translation", "AAA", "verse", "--line", "3"} << list << 0
             << QByteArray("GENESIS 2:1\r\n1 Text of Genesis 2:1\r\n");
+        // An empty line names no book: the empty name is a prefix of the first book's.
+        QTest::newRow("verse of an empty line")
+            << QStringList{"--translation", "AAA", "verse", "--line", "2"} << list << 0
+            << QByteArray("GENESIS 1\r\n1 Text of Genesis 1:1\r\n2 Text of Genesis 1:2\r\n3 Text of Genesis 1:3\r\n");
         QTest::newRow("verse past the end")
             << QStringList{"--translation", "AAA", "verse", "--line", "4"} << list << 1 << QByteArray();
         QTest::newRow("verse, one line, drawn at random")

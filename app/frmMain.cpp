@@ -719,7 +719,7 @@ void frmMain::runSearch(const clsBible &store, const std::function<::QuickSearch
     // The results go in as one text with the caret left at the top: a caret after tens of
     // thousands of results would have the view lay out every one of them before showing any.
     if (result.outcome != ::QuickSearch::Outcome::Failed && result.outcome != ::QuickSearch::Outcome::TooMany)
-        rtfPassage->setText(result.results.join(QString()));
+        rtfPassage->setText(SearchHit::ListedAll(result.hits));
 
     // The normal pointer is back before a failure is told.
     busy.reset();

@@ -239,10 +239,10 @@ void frmSearch::cmdSearch_Click()
     search.onOverLimit = [](const QString &message) { platform::MsgBox(message, vb::vbCritical | vb::vbOKOnly); };
     const AdvancedSearch::Result result = search.run(m_main.Bible(), options);
     // The whole list goes in at once: tens of thousands of results one by one would take seconds.
-    lstResults->addItems(result.items);
+    lstResults->addItems(SearchHit::References(result.hits));
     lbltitle->setText(result.title);
     m_lastQuery = options.query;
-    m_lastLines = result.lines;
+    m_lastHits = result.hits;
     m_running = false;
     if (!result.failureMessage.isEmpty())
         platform::MsgBox(result.failureMessage);
@@ -257,11 +257,11 @@ void frmSearch::cmdShowVerse_Click()
 
 void frmSearch::cmdShowAll_Click()
 {
-    if (m_lastLines.isEmpty())
+    if (m_lastHits.isEmpty())
         return;
     platform::BusyCursor busy;
     // The verses as the quick search lists them, as plain lines: thousands of them show at once.
-    m_main.ShowPassage(m_lastLines.join(QString()),
+    m_main.ShowPassage(SearchHit::ListedAll(m_lastHits),
                        QStringLiteral("Search results for \"") + m_lastQuery + QStringLiteral("\" (") +
-                           QString::number(m_lastLines.size()) + QStringLiteral(" matches)"));
+                           QString::number(m_lastHits.size()) + QStringLiteral(" matches)"));
 }

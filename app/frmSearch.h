@@ -1,5 +1,7 @@
 #pragma once
 
+#include "scripture/BookScan.h"
+
 #include <QStringList>
 #include <QWidget>
 
@@ -47,7 +49,7 @@ private:
     bool m_running = false;
     // What the last search found, kept for "Show All": the query and each verse's line.
     QString m_lastQuery;
-    QStringList m_lastLines;
+    QList<SearchHit> m_lastHits;
 
     QLineEdit *txtQuery = nullptr;
     QRadioButton *optAnyWord = nullptr;

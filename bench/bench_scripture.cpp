@@ -129,7 +129,7 @@ void AdvancedSearchMode(benchmark::State &state)
     qsizetype found = 0;
     for (auto _ : state) {
         const AdvancedSearch::Result result = search.run(store(), options);
-        found = result.items.size();
+        found = result.hits.size();
         benchmark::DoNotOptimize(result);
     }
     state.SetLabel(std::to_string(found) + " results");

@@ -9,17 +9,6 @@
 #include "scripture/clsBible.h"
 #include "scripture/clsSeparation.h"
 
-namespace {
-
-// The verse number: the line up to its first blank, trimmed.
-QString verseNumber(const QString &line)
-{
-    const qsizetype blank = line.indexOf(u' ');
-    return basStrings::TrimBlanks(blank < 0 ? QStringView(line) : QStringView(line).left(blank)).toString();
-}
-
-} // namespace
-
 QStringList AdvancedSearch::Words(const QString &query)
 {
     clsSeparation splitter;
@@ -68,34 +57,26 @@ AdvancedSearch::Result AdvancedSearch::run(const clsBible &store, const Options 
 
     const int limit = options.limit;
     const int books = store.BooksCount();
-    // "Book chapter:", made again only when the book or the chapter changes.
-    QString place;
-    int placeBook = 0;
-    QString placeChapter;
+    QString bookName;
     try {
         BookScan scan;
         scan.beforeBook = [&](int b) {
             if (onProgress)
                 onProgress(b, books);
-            return options.books.value(b - 1, false);
+            const bool chosen = options.books.value(b - 1, false);
+            if (chosen)
+                bookName = store.BookName(b);
+            return chosen;
         };
         scan.onLine = [&](const BookScan::Line &line) {
-            if (matches(line)) {
-                if (line.book != placeBook || line.chapter != placeChapter) {
-                    placeBook = line.book;
-                    placeChapter = line.chapter;
-                    place = store.BookName(line.book) + u' ' + line.chapter + u':';
-                }
-                const QString text = line.text();
-                result.items.append(place + verseNumber(text));
-                result.lines.append(place + text + QStringLiteral("\r\n\r\n"));
-            }
-            return result.items.size() > limit ? BookScan::Next::Book : BookScan::Next::Line;
+            if (matches(line))
+                result.hits.append({bookName, line.chapter, line.text()});
+            return result.hits.size() > limit ? BookScan::Next::Book : BookScan::Next::Line;
         };
         // Once over the limit the user is told once and the search ends there: the books after
         // would each add their first match only.
         scan.afterBook = [&](int) {
-            if (result.items.size() <= limit)
+            if (result.hits.size() <= limit)
                 return true;
             result.overLimit = true;
             if (onOverLimit)
@@ -104,8 +85,7 @@ AdvancedSearch::Result AdvancedSearch::run(const clsBible &store, const Options 
         };
         scan.run(store);
     } catch (const VbError &error) {
-        result.items.clear();
-        result.lines.clear();
+        result.hits.clear();
         result.failureMessage = platform::ErrText(error.number, error.description);
         result.title.clear();
         return result;
@@ -117,7 +97,7 @@ AdvancedSearch::Result AdvancedSearch::run(const clsBible &store, const Options 
                                  QStringLiteral(" shown")
                            : QStringLiteral("Too many results!!!");
     } else {
-        result.title = QString::number(result.items.size()) + QStringLiteral(" Matches");
+        result.title = QString::number(result.hits.size()) + QStringLiteral(" Matches");
     }
     return result;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "scripture/BookScan.h"
+
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -29,10 +31,7 @@ public:
     {
         bool ran = false;        // false for a blank query: nothing happened at all
         Mode mode = Mode::ExactPhrase; // the mode that ran
-        QStringList items;       // "Book chapter:verse", in book order
-        // The same verses as the quick search lists them: "Book chapter:" and the verse line,
-        // then two line breaks.
-        QStringList lines;
+        QList<SearchHit> hits;   // in book order
         bool overLimit = false;  // more than the limit were found: the list holds limit + 1
         QString title;           // the title label's text at the end
         // What to tell the user when a book could not be read; the list is then empty.

@@ -4,6 +4,7 @@
 #include "platform/VbError.h"
 #include "scripture/BookFiles.h"
 #include "scripture/ChapterMarker.h"
+#include "scripture/basStrings.h"
 #include "scripture/clsBible.h"
 
 #include <string_view>
@@ -247,4 +248,34 @@ QString OverLimitMessage(int limit)
     return QStringLiteral("There were over a ") + QString::number(limit) +
            QStringLiteral(" results for your search,\r\n") +
            QStringLiteral("please narrow it down or use the advanced search feature!");
+}
+
+QString SearchHit::Reference() const
+{
+    // The verse number: the line up to its first blank, trimmed.
+    const qsizetype blank = line.indexOf(u' ');
+    return book + u' ' + chapter + u':' +
+           basStrings::TrimBlanks(blank < 0 ? QStringView(line) : QStringView(line).left(blank)).toString();
+}
+
+QString SearchHit::Listed() const
+{
+    return book + u' ' + chapter + u':' + line + QStringLiteral("\r\n\r\n");
+}
+
+QStringList SearchHit::References(const QList<SearchHit> &hits)
+{
+    QStringList references;
+    references.reserve(hits.size());
+    for (const SearchHit &hit : hits)
+        references.append(hit.Reference());
+    return references;
+}
+
+QString SearchHit::ListedAll(const QList<SearchHit> &hits)
+{
+    QString text;
+    for (const SearchHit &hit : hits)
+        text += hit.Listed();
+    return text;
 }

@@ -2,7 +2,9 @@
 
 #include "scripture/BookFiles.h"
 
+#include <QList>
 #include <QString>
+#include <QStringList>
 #include <functional>
 
 class clsBible;
@@ -47,6 +49,23 @@ public:
     // Runs the scan over books 1..BooksCount of the store. Throws VbError when a book file cannot
     // be read (53) or a "CHAPTER" line ends a file (62).
     void run(const clsBible &store);
+};
+
+// A verse a search found, and the ways it is shown: the window's results, the Search window's
+// list and "Show All", and the command line all format it here.
+struct SearchHit
+{
+    QString book;    // the book's name as the map gives it
+    QString chapter; // as the last chapter marker gave it (text, possibly empty)
+    QString line;    // the verse line as stored, its number first
+
+    // "Book chapter:verse".
+    QString Reference() const;
+    // "Book chapter:" and the verse line, then two line breaks.
+    QString Listed() const;
+
+    static QStringList References(const QList<SearchHit> &hits);
+    static QString ListedAll(const QList<SearchHit> &hits);
 };
 
 // A word or phrase as both searches look for it in a line, the term upper-cased: in the bytes of

@@ -34,9 +34,11 @@ QuickSearch::Result QuickSearch::run(const clsBible &store, const QString &query
 
     setTitle(QString());
     const int books = store.BooksCount();
+    QString bookName;
     try {
         BookScan scan;
         scan.beforeBook = [&](int b) {
+            bookName = store.BookName(b);
             setTitle(QStringLiteral("Searching: ") + store.BookName(b) + QStringLiteral("..."));
             if (onProgress)
                 onProgress(b, books);
@@ -54,8 +56,7 @@ QuickSearch::Result QuickSearch::run(const clsBible &store, const QString &query
                 if (result.matchCount == 32767)
                     throw VbError::overflow();
                 ++result.matchCount;
-                result.results.append(store.BookName(line.book) + u' ' + line.chapter + u':' +
-                                      line.text() + QStringLiteral("\r\n\r\n"));
+                result.hits.append({bookName, line.chapter, line.text()});
             }
             return result.matchCount > limit ? BookScan::Next::Book : BookScan::Next::Line;
         };
@@ -69,14 +70,14 @@ QuickSearch::Result QuickSearch::run(const clsBible &store, const QString &query
         scan.run(store);
     } catch (const std::bad_alloc &) {
         result.outcome = Outcome::TooMany;
-        result.results.clear();
+        result.hits.clear();
         result.failureMessage =
             QStringLiteral("There were too many results to List!!!  Try to modify your search query");
         setTitle(QString::number(result.matchCount) + QStringLiteral("+ matches were found"));
         return result;
     } catch (const VbError &error) {
         result.outcome = Outcome::Failed;
-        result.results.clear();
+        result.hits.clear();
         result.failureMessage = platform::ErrText(error.number, error.description);
         return result;
     }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "scripture/BookScan.h"
+
 #include <QString>
 #include <QStringList>
 #include <functional>
@@ -25,7 +27,7 @@ public:
     struct Result
     {
         Outcome outcome = Outcome::Nothing;
-        QStringList results; // each ends with two line breaks
+        QList<SearchHit> hits;
         int matchCount = 0;
         QString title;       // the title label's text at the end
         // What to tell the user when the search failed; the caller shows it once the window

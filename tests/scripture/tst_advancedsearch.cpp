@@ -87,8 +87,7 @@ private slots:
         const AdvancedSearch::Result r = search(query, Mode(mode), wholeWord);
         QVERIFY(r.ran);
         QCOMPARE(int(r.mode), ran);
-        QCOMPARE(r.items, items);
-        QCOMPARE(r.lines.size(), items.size());
+        QCOMPARE(SearchHit::References(r.hits), items);
         QCOMPARE(r.title, QString::number(items.size()) + QStringLiteral(" Matches"));
         QVERIFY(m_messages.isEmpty());
         QCOMPARE(m_answers.count(), 0);
@@ -97,7 +96,7 @@ private slots:
     void linesAreTheVerses()
     {
         const AdvancedSearch::Result r = search(QStringLiteral("brethren"), Mode::ExactPhrase);
-        QCOMPARE(r.lines, QStringList{"Exodus 2:1 love of the brethren\r\n\r\n"});
+        QCOMPARE(SearchHit::ListedAll(r.hits), QStringLiteral("Exodus 2:1 love of the brethren\r\n\r\n"));
     }
 
     void lettersThatBecomeSeveral()
@@ -113,7 +112,7 @@ private slots:
         BookFiles::clear();
         const auto items = [&](clsBible &bible, const QString &query, bool whole) {
             AdvancedSearch advanced;
-            return advanced.run(bible, {query, Mode::AnyWord, whole, {true, true}, 500}).items;
+            return SearchHit::References(advanced.run(bible, {query, Mode::AnyWord, whole, {true, true}, 500}).hits);
         };
         QCOMPARE(items(utf8, QStringLiteral("strasse"), false), QStringList{"Genesis :1"});
         QCOMPARE(items(utf8, QStringLiteral("so"), true), QStringList{"Genesis :2"});
@@ -140,11 +139,11 @@ private slots:
         BookFiles::clear();
         const AdvancedSearch::Result r = search(QStringLiteral("love"), Mode::ExactPhrase, false, 500, {false, false, true});
         QVERIFY(r.failureMessage.isEmpty());
-        QCOMPARE(r.items, QStringList{"Matthew 2:1"});
+        QCOMPARE(SearchHit::References(r.hits), QStringList{"Matthew 2:1"});
         // Chosen, the missing book ends the search with the file-not-found message.
         const AdvancedSearch::Result failed = search(QStringLiteral("love"), Mode::ExactPhrase);
         QVERIFY2(failed.failureMessage.contains(QStringLiteral("53")), qPrintable(failed.failureMessage));
-        QVERIFY(failed.items.isEmpty());
+        QVERIFY(failed.hits.isEmpty());
         QVERIFY(QFile::rename(saved, exodus));
         BookFiles::clear();
     }
@@ -165,14 +164,14 @@ private slots:
     {
         // One more than the limit is kept; the user is told once and the search ends there.
         AdvancedSearch::Result r = search(QStringLiteral("god"), Mode::ExactPhrase, false, 2);
-        QCOMPARE(r.items, (QStringList{"Genesis :1", "Genesis :2", "Genesis 2:1"}));
+        QCOMPARE(SearchHit::References(r.hits), (QStringList{"Genesis :1", "Genesis :2", "Genesis 2:1"}));
         QVERIFY(r.overLimit);
         QCOMPARE(m_messages, QStringList{"There were over a 2 results for your search,\r\n"
                                          "please narrow it down or use the advanced search feature!"});
         QCOMPARE(r.title, QStringLiteral("Too many results!!!  Only First 2 shown"));
 
         r = search(QStringLiteral("god love"), Mode::AnyWord, false, 3);
-        QCOMPARE(r.items.size(), 4);
+        QCOMPARE(r.hits.size(), 4);
         QCOMPARE(r.title, QStringLiteral("Too many results!!!"));
         QCOMPARE(m_messages.size(), 1);
 
@@ -203,7 +202,7 @@ private slots:
             QVERIFY(r.ran);
             QVERIFY(r.failureMessage.isEmpty());
             // Matthew's chapter is the one the junk's last marker (a bare "CHAPTER") left: 0.
-            QVERIFY2(r.items.contains(QStringLiteral("Matthew 0:1")) == (mode == Mode::AnyWord), qPrintable(r.items.join(u',')));
+            QVERIFY2(SearchHit::References(r.hits).contains(QStringLiteral("Matthew 0:1")) == (mode == Mode::AnyWord), qPrintable(SearchHit::References(r.hits).join(u',')));
         }
         // An empty book file ends the search with a message, as reading past its end does.
         writeFile(platform::ResolvePath(junkBible.BookFilePath(1)), QByteArray());
@@ -211,7 +210,7 @@ private slots:
         AdvancedSearch advanced;
         const AdvancedSearch::Result empty = advanced.run(junkBible, {QStringLiteral("god"), Mode::AnyWord, false, {true, true}, 500});
         QVERIFY(!empty.failureMessage.isEmpty());
-        QVERIFY(empty.items.isEmpty());
+        QVERIFY(empty.hits.isEmpty());
     }
 
     void badQueries_data()

@@ -10,6 +10,18 @@
 
 using namespace fixture;
 
+namespace {
+
+QStringList listed(const QList<SearchHit> &hits)
+{
+    QStringList lines;
+    for (const SearchHit &hit : hits)
+        lines << hit.Listed();
+    return lines;
+}
+
+} // namespace
+
 class TestQuickSearch : public QObject
 {
     Q_OBJECT
@@ -68,7 +80,7 @@ private slots:
         QFETCH(bool, wholeWord);
         QFETCH(QStringList, results);
         const QuickSearch::Result r = search(query, wholeWord);
-        QCOMPARE(r.results, results);
+        QCOMPARE(listed(r.hits), results);
         QCOMPARE(r.matchCount, results.size());
         QVERIFY((m_answers.count() == 0));
     }
@@ -84,7 +96,7 @@ private slots:
         r = search(QStringLiteral("god"), false, 7);
         QCOMPARE(r.outcome, QuickSearch::Outcome::AtLimit);
         QCOMPARE(r.title, QStringLiteral("Searching: Matthew..."));
-        QCOMPARE(r.results.size(), 7);
+        QCOMPARE(r.hits.size(), 7);
         QVERIFY((m_answers.count() == 0));
 
         // More: the message names the limit, limit + 1 results are kept, the scan stops in the
@@ -95,7 +107,7 @@ private slots:
         m_answers.clear();
         r = quick.run(m_bible, QStringLiteral("god"), false, 2);
         QCOMPARE(r.outcome, QuickSearch::Outcome::OverLimit);
-        QCOMPARE(r.results.size(), 3);
+        QCOMPARE(r.hits.size(), 3);
         QCOMPARE(r.title, QStringLiteral("First 2 results."));
         QCOMPARE(m_answers.prompts(), QStringList{QStringLiteral("There were over a 2 results for your search,\r\n"
                                                         "please narrow it down or use the advanced search feature!")});

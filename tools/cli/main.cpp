@@ -162,8 +162,8 @@ int searchCommand(const clsBible &bible, const QString &folder, QStringList args
         AdvancedSearch search;
         search.onOverLimit = [](const QString &message) { platform::MsgBox(message, vb::vbCritical | vb::vbOKOnly); };
         const AdvancedSearch::Result result = search.run(bible, options);
-        for (const QString &item : result.items)
-            out(item + u'\n');
+        for (const SearchHit &hit : result.hits)
+            out(hit.Reference() + u'\n');
         if (!result.failureMessage.isEmpty()) {
             platform::MsgBox(result.failureMessage);
             return Problems;
@@ -197,8 +197,8 @@ int searchCommand(const clsBible &bible, const QString &folder, QStringList args
                                             TranslationList::ReadHeader(ProgramFile(folder, tagged)).name);
         }
     }
-    for (const QString &text : result.results)
-        out(text);
+    for (const SearchHit &hit : result.hits)
+        out(hit.Listed());
     if (!result.failureMessage.isEmpty())
         platform::MsgBox(result.failureMessage);
     out(result.title + u'\n');

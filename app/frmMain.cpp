@@ -890,19 +890,13 @@ void frmMain::LoadBookmarks()
     mnuBookmarksBookmarks.append(entries);
 }
 
-QString frmMain::bookmarkCaption(int index) const
-{
-    const QAction *entry = mnuBookmarksBookmarks.value(index);
-    return entry ? QString(entry->text()).replace(QStringLiteral("&&"), QStringLiteral("&")) : QString();
-}
-
 void frmMain::mnuBookmarksBookmarks_Click(int index)
 {
     if (!askToKeepNotes())
         return;
     // The reference list may have lost items since the menu was built (Remove, then Cancel).
     const Passage fetched = m_bible.MoveTo(m_bookmarks.Reference(index));
-    showFetched(fetched, QStringLiteral("Bookmark: ") + fetched.Standard() + QStringLiteral(" -- ") + bookmarkCaption(index));
+    showFetched(fetched, QStringLiteral("Bookmark: ") + fetched.Standard() + QStringLiteral(" -- ") + m_bookmarks.Names().value(index - 1));
 }
 
 void frmMain::mnuBookmarksAdd_Click()
@@ -913,10 +907,7 @@ void frmMain::mnuBookmarksAdd_Click()
 
 void frmMain::mnuBookmarksOrganize_Click()
 {
-    QStringList captions;
-    for (qsizetype i = 1; i < mnuBookmarksBookmarks.size(); ++i)
-        captions << bookmarkCaption(int(i));
-    frmOrganizeBookmarks dialog(captions, m_bookmarks.References(), m_bible, [this] { LoadBookmarks(); }, this);
+    frmOrganizeBookmarks dialog(m_bookmarks.Names(), m_bookmarks.References(), m_bible, [this] { LoadBookmarks(); }, this);
     dialog.exec();
 }
 

@@ -187,8 +187,6 @@ private:
     void showFetched(const Passage &fetched, const QString &title);
     // The lists mark the book and chapter of a passage, without showing the whole chapter.
     void selectInLists(const Passage &passage);
-    // The caption of bookmark entry index (from 1) as the user reads it.
-    QString bookmarkCaption(int index) const;
 
     clsBible m_bible;
     // The chapter on display: the book and first chapter of the last passage this window fetched

@@ -1,6 +1,7 @@
 #include "scripture/AdvancedSearch.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "platform/MsgBox.h"
 #include "platform/VbError.h"
@@ -35,9 +36,16 @@ AdvancedSearch::Result AdvancedSearch::run(const clsBible &store, const Options 
     const QStringList wordList = Words(trimmed);
     result.mode = ModeToRun(wordList, options.mode);
     const SearchTerm phrase(basStrings::UpperCase(trimmed));
+    // A word said twice is looked for once: the flag of each word's test is the same.
+    QStringList once = wordList;
+    once.removeDuplicates();
     QList<SearchTerm> words;
-    for (const QString &word : wordList)
+    for (const QString &word : std::as_const(once))
         words.append(SearchTerm(word));
+    // Many words are read in one pass over each line.
+    std::optional<AnyOfWords> anyOf;
+    if (result.mode == Mode::AnyWord && once.size() > 8)
+        anyOf.emplace(once);
 
     const auto matches = [&](const BookScan::Line &line) {
         switch (result.mode) {
@@ -46,6 +54,8 @@ AdvancedSearch::Result AdvancedSearch::run(const clsBible &store, const Options 
         // The flag is OR (any word) or AND (all words) of every word's test, in order; once it
         // cannot change, the words left are not tried, which gives the same flag sooner.
         case Mode::AnyWord:
+            if (anyOf)
+                return anyOf->In(line, options.wholeWord);
             return std::any_of(words.cbegin(), words.cend(),
                                [&](const SearchTerm &word) { return word.In(line, options.wholeWord); });
         case Mode::AllWords:

@@ -115,6 +115,10 @@ qsizetype findWord(Line line, Word word, qsizetype from)
     const qsizetype wordSize = qsizetype(word.size());
     if (wordSize == 0)
         return from <= lineSize ? from : -1;
+    // A word longer than what is left of the line is not in it: said before the word is read, so
+    // a phrase of a million characters costs nothing on every short line.
+    if (wordSize > lineSize - from)
+        return -1;
     // Blanks, digits and marks count as common as the commonest letter, so a phrase is not
     // looked for by its blank.
     const auto rank = [&](qsizetype k) {
@@ -202,6 +206,111 @@ bool SearchTerm::In(const BookScan::Line &line, bool wholeWord) const
     }
     const QString &upper = line.file.UpperText(line.index);
     return wholeWord ? wholeWordMatch(QStringView(upper), QStringView(m_term)) : findWord(QStringView(upper), QStringView(m_term), 0) >= 0;
+}
+
+namespace {
+
+// Whether the match of a word of the given length ending at position end (exclusive) stands
+// between non-letters.
+template<typename Text>
+bool standsAlone(Text text, qsizetype end, qsizetype length)
+{
+    const qsizetype at = end - length;
+    return (at == 0 || !isLetter(QChar(unit(text, at - 1)))) &&
+           (end >= qsizetype(text.size()) || !isLetter(QChar(unit(text, end))));
+}
+
+} // namespace
+
+// The words are put in a trie whose nodes know the longest proper suffix that is also in the
+// trie (the failure link) and the nearest such suffix that is a whole word; a line is then read
+// once, whatever the number of words.
+AnyOfWords::AnyOfWords(const QStringList &upperWords)
+{
+    m_nodes.push_back({});
+    for (const QString &word : upperWords) {
+        if (word.isEmpty()) {
+            m_empty = true;
+            continue;
+        }
+        int node = 0;
+        for (const QChar c : word) {
+            const quint64 key = edgeKey(node, c.unicode());
+            auto found = m_edges.find(key);
+            if (found == m_edges.end()) {
+                m_nodes.push_back({});
+                m_nodes.back().depth = m_nodes[size_t(node)].depth + 1;
+                found = m_edges.emplace(key, int(m_nodes.size() - 1)).first;
+            }
+            node = found->second;
+        }
+        m_nodes[size_t(node)].word = true;
+    }
+    // Breadth first, so a node's failure link is known before its children's.
+    std::vector<std::vector<std::pair<char16_t, int>>> children(m_nodes.size());
+    for (const auto &[key, child] : m_edges)
+        children[size_t(key >> 16)].push_back({char16_t(key & 0xFFFF), child});
+    std::vector<int> queue{0};
+    for (size_t q = 0; q < queue.size(); ++q) {
+        const int node = queue[q];
+        for (const auto &[c, child] : children[size_t(node)]) {
+            int fail = 0;
+            if (node != 0) {
+                int f = m_nodes[size_t(node)].fail;
+                for (;;) {
+                    const auto found = m_edges.find(edgeKey(f, c));
+                    if (found != m_edges.end()) {
+                        fail = found->second;
+                        break;
+                    }
+                    if (f == 0)
+                        break;
+                    f = m_nodes[size_t(f)].fail;
+                }
+            }
+            Node &n = m_nodes[size_t(child)];
+            n.fail = fail;
+            n.output = m_nodes[size_t(fail)].word ? fail : m_nodes[size_t(fail)].output;
+            queue.push_back(child);
+        }
+    }
+}
+
+int AnyOfWords::step(int node, char16_t c) const
+{
+    for (;;) {
+        const auto found = m_edges.find(edgeKey(node, c));
+        if (found != m_edges.end())
+            return found->second;
+        if (node == 0)
+            return 0;
+        node = m_nodes[size_t(node)].fail;
+    }
+}
+
+template<typename Text>
+bool AnyOfWords::find(Text text, bool wholeWord) const
+{
+    int node = 0;
+    const qsizetype size = qsizetype(text.size());
+    for (qsizetype i = 0; i < size; ++i) {
+        node = step(node, unit(text, i));
+        // Every word that ends here: this node's own, then those along its output links.
+        for (int w = m_nodes[size_t(node)].word ? node : m_nodes[size_t(node)].output; w != 0; w = m_nodes[size_t(w)].output) {
+            if (!wholeWord || standsAlone(text, i + 1, m_nodes[size_t(w)].depth))
+                return true;
+        }
+    }
+    return false;
+}
+
+bool AnyOfWords::In(const BookScan::Line &line, bool wholeWord) const
+{
+    if (m_empty && SearchTerm(QString()).In(line, wholeWord))
+        return true;
+    if (line.ascii())
+        return find(FoldedAscii{view(line.bytes())}, wholeWord);
+    return find(QStringView(line.file.UpperText(line.index)), wholeWord);
 }
 
 void BookScan::run(const clsBible &store)

@@ -6,6 +6,8 @@
 #include <QString>
 #include <QStringList>
 #include <functional>
+#include <unordered_map>
+#include <vector>
 
 class clsBible;
 
@@ -82,6 +84,32 @@ private:
     QString m_term;
     QByteArray m_bytes;
     bool m_ascii = true;
+};
+
+// Whether any of many words (upper-cased) is in a line, as SearchTerm would say of each of them,
+// reading the line once: a query of thousands of words costs no more on a line than one word.
+class AnyOfWords
+{
+public:
+    explicit AnyOfWords(const QStringList &upperWords);
+    bool In(const BookScan::Line &line, bool wholeWord) const;
+
+private:
+    struct Node
+    {
+        int fail = 0;
+        int output = 0; // the nearest node along the failure links that ends a word; 0 for none
+        int depth = 0;
+        bool word = false;
+    };
+    static quint64 edgeKey(int node, char16_t c) { return (quint64(node) << 16) | c; }
+    int step(int node, char16_t c) const;
+    template<typename Text>
+    bool find(Text text, bool wholeWord) const;
+
+    std::vector<Node> m_nodes;
+    std::unordered_map<quint64, int> m_edges;
+    bool m_empty = false;
 };
 
 // Where a word first occurs in a line at or after a position; -1 when it does not.

@@ -28,8 +28,11 @@ QuickSearch::Result QuickSearch::run(const clsBible &store, const QString &query
     clsSeparation splitter;
     splitter.setDelimiter(QStringLiteral(" "));
     splitter.setText(basStrings::UpperCase(trimmed));
+    // A keyword typed twice is looked for once: a line holds it or not.
+    QStringList once = splitter.items();
+    once.removeDuplicates();
     QList<SearchTerm> keywords;
-    for (const QString &keyword : splitter.items())
+    for (const QString &keyword : std::as_const(once))
         keywords.append(SearchTerm(keyword));
 
     setTitle(QString());

@@ -8,6 +8,7 @@
 #include "scripture/clsBible.h"
 
 #include <QFile>
+#include <QSet>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -91,6 +92,27 @@ private slots:
         QCOMPARE(r.title, QString::number(items.size()) + QStringLiteral(" Matches"));
         QVERIFY(m_messages.isEmpty());
         QCOMPARE(m_answers.count(), 0);
+    }
+
+    // Many words are read in one pass over each line; what it finds is what each word finds
+    // alone, whole words or not, with words inside others, repeated and unknown words, an
+    // empty word from a doubled blank, and a word of a million letters.
+    void manyWordsFindWhatEachFinds()
+    {
+        const QStringList words = {"OD", "GOD", "GODLY", "LOVED", "EN", "Ä", "THE", "NAMES", "XYZZY", "OD", "'S"};
+        for (const bool whole : {false, true}) {
+            for (const QString &extra : {QString(), QStringLiteral(" "), QString(1000000, u'q')}) {
+                QStringList each;
+                for (const QString &word : words)
+                    each += SearchHit::References(search(word, Mode::ExactPhrase, whole).hits);
+                if (extra == u" ")
+                    each += SearchHit::References(search(QStringLiteral("a  b"), Mode::AnyWord, whole).hits);
+                const QStringList found = SearchHit::References(search(QStringLiteral("OD ") + extra + u' ' + words.join(u' '), Mode::AnyWord, whole).hits);
+                for (const QString &item : std::as_const(each))
+                    QVERIFY2(found.contains(item), qPrintable(item));
+                QCOMPARE(QSet<QString>(found.begin(), found.end()), QSet<QString>(each.begin(), each.end()));
+            }
+        }
     }
 
     void linesAreTheVerses()

@@ -18,6 +18,9 @@
 #include <QVBoxLayout>
 
 namespace {
+// The translation being opened; empty once its window is on screen.
+const QString kOpeningKey = QStringLiteral("opening");
+
 QString programFolder()
 {
     return ProgramSettings::instance().programFolder();
@@ -100,10 +103,17 @@ bool frmLoadVersion::Form_Load()
                              vb::vbCritical | vb::vbOKOnly);
     }
 
-    // 5. The translation saved for loading automatically.
+    // 5. The translation saved for loading automatically, unless the last start never finished
+    // opening it: a translation that hangs or kills the program would do so at every start.
     if (!m_opened && chkAutoLoad->isChecked()) {
         const QString saved = ini.Text(QStringLiteral("load"), QStringLiteral("version"));
-        if (holdsTranslation(saved))
+        const QString unfinished = ini.Text(QStringLiteral("load"), kOpeningKey);
+        if (!unfinished.isEmpty() && unfinished.compare(saved, Qt::CaseInsensitive) == 0)
+            platform::MsgBox(QStringLiteral("The translation \"") + saved +
+                                 QStringLiteral("\" did not finish opening the last time, so it is not opened automatically.\r\n") +
+                                 QStringLiteral("Choose the translation to open."),
+                             vb::vbExclamation | vb::vbOKOnly);
+        else if (holdsTranslation(saved))
             OpenTranslation(saved);
         else
             platform::MsgBox(QStringLiteral("An invalid version path was saved in the settings, ignoring and resuming"),
@@ -135,16 +145,22 @@ void frmLoadVersion::OpenTranslation(const QString &folder)
         m_main->setAttribute(Qt::WA_DeleteOnClose);
         connect(m_main, &frmMain::translationChosen, this, &frmLoadVersion::OpenTranslation);
     }
+    // Until the window is on screen with the translation, the next start knows it is opening.
+    ini.setText(QStringLiteral("load"), kOpeningKey, folder);
     // 1. The stores point at the folder (the main window's load reads it). A user who chose to
     // stay with unsaved notes stays with the translation open.
-    if (!m_main->LoadTranslation(folder))
+    if (!m_main->LoadTranslation(folder)) {
+        ini.setText(QStringLiteral("load"), kOpeningKey, QString());
         return;
+    }
     // 2. Remember the choice.
     ini.setText(QStringLiteral("load"), QStringLiteral("version"), folder);
     ini.setData(QStringLiteral("load"), QStringLiteral("autoload"), chkAutoLoad->isChecked() ? 1 : 0);
     // 3. Show the main window, and the verse of the day over it when the user wants it.
     m_main->show();
     m_main->ShowVerseOfDayAfterLoad();
+    // Once the window has been laid out and painted, the translation has opened.
+    QTimer::singleShot(0, m_main, [] { ProgramSettings::instance().Ini().setText(QStringLiteral("load"), kOpeningKey, QString()); });
     // 4. This window's work is done; closing it keeps its place (a window never shown keeps the
     // place it was given).
     if (!m_opened) {

@@ -581,7 +581,7 @@ void frmMain::lstChapters_Click()
 
 void frmMain::showFetched(const Passage &fetched, const QString &title)
 {
-    rtfPassage->setTextRTF(PassageFormatter::ToRichText(fetched.text, true));
+    rtfPassage->setTextRTF(PassageFormatter::ForView(fetched.text));
     rtfPassage->setSelStart(0);
     lbltitle->setText(title);
     if (fetched.found()) {

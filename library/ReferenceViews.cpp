@@ -9,7 +9,7 @@
 
 void ShowReferenceIn(platform::RichTextBox *view, const clsBible &bible, const QString &reference)
 {
-    view->setTextRTF(PassageFormatter::ToRichText(bible.Fetch(reference).text, true));
+    view->setTextRTF(PassageFormatter::ForView(bible.Fetch(reference).text));
     view->setSelStart(0);
 }
 

@@ -43,6 +43,6 @@ void frmStories::lstReferences_Click()
         return;
     const QString reference = item->text();
     const QString text = main().Bible().Fetch(reference).text;
-    main().ShowPassage(PassageFormatter::ToRichText(text, true),
+    main().ShowPassage(PassageFormatter::ForView(text),
                        entries().Names().at(record - 1) + QStringLiteral(" - ") + reference);
 }

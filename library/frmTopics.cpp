@@ -23,6 +23,6 @@ frmTopics::frmTopics(MainWindowLink &main, QWidget *parent)
 void frmTopics::nameSelected(int record)
 {
     const QString text = ReferencePassages::TopicText(main().Bible(), entries(), record);
-    main().ShowPassage(PassageFormatter::ToRichText(text, true),
+    main().ShowPassage(PassageFormatter::ForView(text),
                        ReferencePassages::TopicTitle(entries(), record));
 }

@@ -16,4 +16,17 @@ QString ToRichText(const QString &text, bool wholeDocument)
     return QString::fromUtf16(kDocumentHeader) + rtf + QString::fromUtf16(kDocumentFooter);
 }
 
+QString FitForView(const QString &text)
+{
+    if (text.size() <= kMostShown)
+        return text;
+    qsizetype cut = text.lastIndexOf(QStringLiteral("\r\n"), kMostShown);
+    cut = cut > kMostShown / 2 ? cut + 2 : kMostShown;
+    // A cut inside a pair of UTF-16 units would leave half a character.
+    if (text.at(cut - 1).isHighSurrogate())
+        --cut;
+    return text.left(cut) + QStringLiteral("\r\n[The passage is cut here: %L1 more characters are not shown.]\r\n")
+                                .arg(text.size() - cut);
+}
+
 } // namespace PassageFormatter

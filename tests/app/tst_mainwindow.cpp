@@ -4,6 +4,7 @@
 #include "../support/TranslationFixture.h"
 #include "platform/MsgBoxAnswerer.h"
 #include "platform/RichTextBox.h"
+#include "scripture/PassageFormatter.h"
 #include "settings/ProgramSettings.h"
 
 #include <QAction>
@@ -97,6 +98,20 @@ private slots:
             program.start();
             QVERIFY2(program.opened(), autoload.constData());
             QCOMPARE(program.main()->windowTitle(), QStringLiteral("Small Version - Quillstone Bible 1.0.0"));
+            // Once the window is up, the translation counts as opened.
+            QTRY_COMPARE(ini(QStringLiteral("load"), QStringLiteral("opening")), QString());
+        }
+        // A start that never finished opening the saved translation (it hung, or was killed)
+        // does not open it again by itself.
+        writeIni("[load]\r\nautoload=1\r\nversion=SMALL\r\nopening=small\r\n");
+        {
+            platform::MsgBoxAnswerer answers;
+            ProgramHarness program(m_dir.path());
+            program.start();
+            QVERIFY(!program.opened());
+            QCOMPARE(answers.prompts(), QStringList{QStringLiteral(
+                "The translation \"SMALL\" did not finish opening the last time, so it is not opened automatically.\r\n"
+                "Choose the translation to open.")});
         }
         writeIni("[load]\r\nautoload=1\r\nversion=GONE\r\n");
         {
@@ -220,6 +235,18 @@ private slots:
         main->cmdGet_Click();
         QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("GENESIS 2:1"));
         QCOMPARE(program.control<QComboBox>("cmbTestaments")->currentIndex(), 1);
+
+        // A list of twenty thousand chapters past the end: each is the last chapter, as many
+        // times as asked, and the view shows the first million characters of it and says so.
+        QStringList items{QStringLiteral("John 3:1")};
+        for (int c = 2; c < 20000; ++c)
+            items << QString::number(c);
+        program.control<QLineEdit>("txtReference")->setText(items.join(u','));
+        QTest::mouseClick(program.control<QPushButton>("cmdGet"), Qt::LeftButton);
+        QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("JOHN 3"));
+        const QString shown = program.control<platform::RichTextBox>("rtfPassage")->Text();
+        QVERIFY(shown.size() < PassageFormatter::kMostShown + 100);
+        QVERIFY(shown.contains(QStringLiteral("The passage is cut here: ")));
     }
 
     void quickSearch()

@@ -11,6 +11,7 @@
 
 #include <QRegularExpression>
 #include <QTemporaryDir>
+#include <QLocale>
 #include <QTest>
 
 using namespace fixture;
@@ -81,6 +82,33 @@ private slots:
         QFETCH(bool, whole);
         QFETCH(QString, rtf);
         QCOMPARE(PassageFormatter::ToRichText(text, whole), rtf);
+    }
+
+    // A view is never handed more than it can lay out at once: a passage past the limit is cut
+    // at a line break (or in its one long line) and says how much is left out.
+    void passageFitForView()
+    {
+        const qsizetype most = PassageFormatter::kMostShown;
+        const QString chapter = QStringLiteral("1 In the beginning\r\n");
+        QCOMPARE(PassageFormatter::FitForView(chapter), chapter);
+        const QString exact(most, u'x');
+        QCOMPARE(PassageFormatter::FitForView(exact), exact);
+
+        QString lines;
+        while (lines.size() <= 3 * most)
+            lines += QStringLiteral("%1 word word word\r\n").arg(lines.size() % 176);
+        const QString fitted = PassageFormatter::FitForView(lines);
+        const qsizetype kept = fitted.indexOf(QStringLiteral("\r\n[The passage is cut here: "));
+        QVERIFY(kept > most / 2 && kept <= most);
+        QCOMPARE(fitted.left(kept), lines.left(kept));
+        QVERIFY(fitted.endsWith(QStringLiteral(" more characters are not shown.]\r\n")));
+        QVERIFY(fitted.contains(QLocale().toString(lines.size() - kept)));
+
+        // One line of a million words: cut where the limit falls, never inside a character.
+        QString oneLine = QStringLiteral("1 ") + QString(most, u'w');
+        oneLine.replace(most - 1, 2, QString::fromUtf16(u"\U0001D11E"));
+        const QString cut = PassageFormatter::FitForView(oneLine);
+        QVERIFY(cut.startsWith(oneLine.left(most - 1) + QStringLiteral("\r\n[The passage is cut here: ")));
     }
 
     void decoding()

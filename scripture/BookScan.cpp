@@ -383,8 +383,23 @@ QStringList SearchHit::References(const QList<SearchHit> &hits)
 
 QString SearchHit::ListedAll(const QList<SearchHit> &hits)
 {
+    constexpr qsizetype longestLine = 10000;
+    constexpr qsizetype mostListed = 8000000;
     QString text;
-    for (const SearchHit &hit : hits)
-        text += hit.Listed();
+    for (qsizetype i = 0; i < hits.size(); ++i) {
+        const SearchHit &hit = hits.at(i);
+        if (text.size() > mostListed) {
+            text += QStringLiteral("[%L1 more results are not shown.]\r\n").arg(hits.size() - i);
+            break;
+        }
+        if (hit.line.size() <= longestLine) {
+            text += hit.Listed();
+            continue;
+        }
+        SearchHit cut = hit;
+        cut.line = hit.line.left(longestLine - (hit.line.at(longestLine - 1).isHighSurrogate() ? 1 : 0));
+        cut.line += QStringLiteral(" [%L1 more characters are not shown.]").arg(hit.line.size() - cut.line.size());
+        text += cut.Listed();
+    }
     return text;
 }

@@ -67,6 +67,9 @@ struct SearchHit
     QString Listed() const;
 
     static QStringList References(const QList<SearchHit> &hits);
+    // Every hit listed, for a view: a verse line of over ten thousand characters (no real verse
+    // comes near) is cut, and so is the list past eight million characters, each with a mark,
+    // so that a damaged book file cannot keep the view laying out for minutes.
     static QString ListedAll(const QList<SearchHit> &hits);
 };
 

@@ -85,6 +85,17 @@ private slots:
         QVERIFY((m_answers.count() == 0));
     }
 
+    // A verse line of a damaged file, millions of characters long, is cut for the view; the
+    // command line, which lists hit by hit, keeps it whole.
+    void longLinesCutForTheView()
+    {
+        const SearchHit hit{QStringLiteral("Genesis"), QStringLiteral("1"), QStringLiteral("1 ") + QString(3000000, u'w')};
+        const QString listed = SearchHit::ListedAll({hit, hit});
+        QVERIFY(listed.size() < 21000);
+        QCOMPARE(listed.count(QStringLiteral(" [2,990,002 more characters are not shown.]\r\n\r\n")), 2);
+        QCOMPARE(hit.Listed().size(), 10 + 3000002 + 4);
+    }
+
     void limits()
     {
         // Fewer: the title quotes the query as typed, blanks kept.

@@ -1,5 +1,6 @@
 // quillstone [--dir PROGRAM_FOLDER] [TRANSLATION_FOLDER]
 #include "app/frmLoadVersion.h"
+#include "platform/FileSystem.h"
 #include "platform/QtMsgBox.h"
 #include "settings/ProgramSettings.h"
 
@@ -19,6 +20,10 @@ int main(int argc, char **argv)
     }
     ProgramSettings::instance().setProgramFolder(ProgramSettings::ResolveProgramFolder(dirOption));
     platform::InstallWidgetMsgBox();
+    // Saves killed halfway (the power went, the program was ended) leave temporary files.
+    const QString folder = ProgramSettings::instance().programFolder();
+    for (const QString &sub : {QString(), QStringLiteral("notes/oldtest"), QStringLiteral("notes/newtest")})
+        platform::RemoveLeftoverTemporaryFiles(sub.isEmpty() ? folder : folder + u'/' + sub);
 
     frmLoadVersion chooser(args.value(0));
     if (!chooser.Form_Load())

@@ -34,9 +34,22 @@ struct TextFileContent
 };
 std::optional<TextFileContent> ReadTextLines(const QString &path);
 
-// Writes through a temporary file renamed over the old one: a failure leaves the old file whole.
-// Returns an empty string on success, else the reason.
+// Writes through a temporary file renamed over the old one: a failure leaves the old file whole
+// and no temporary file behind. Returns an empty string on success, else the reason the system
+// gives ("No space left on device").
 QString WriteFileAtomically(const QString &path, const QByteArray &bytes);
+
+// The same through a temporary file of the caller's choice: the bytes go into it, onto the disk,
+// and it is renamed over the file, which keeps its permissions.
+QString ReplaceFile(const QString &path, const QString &temporary, const QByteArray &bytes);
+
+// The temporary file WriteFileAtomically writes first: the file's name, the process's number
+// and ".temp", so that a save killed halfway leaves a file that can be told for what it is.
+QString SaveTemporaryPath(const QString &path);
+
+// Removes what saves killed halfway left in a folder: the temporary files of processes that
+// have ended, and other ".temp" files (notes go through "BOOK.temp") not touched for a minute.
+void RemoveLeftoverTemporaryFiles(const QString &folder);
 
 // Lines joined with CR LF (a final CR LF after the last line), in the given encoding.
 QByteArray JoinLinesCrLf(const QStringList &lines, TextEncoding encoding);

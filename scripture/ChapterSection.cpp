@@ -9,17 +9,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QList>
-#include <cerrno>
-#include <cstring>
-#include <filesystem>
-#include <system_error>
-
-#ifdef Q_OS_WIN
-#include <io.h>
-#else
-#include <fcntl.h>
-#include <unistd.h>
-#endif
 
 namespace ChapterSection {
 
@@ -77,15 +66,6 @@ QList<QStringView> lineViews(QStringView text)
 bool endsWithLineBreak(const QByteArray &bytes)
 {
     return bytes.endsWith('\r') || bytes.endsWith('\n');
-}
-
-std::filesystem::path fsPath(const QString &path)
-{
-#ifdef Q_OS_WIN
-    return std::filesystem::path(path.toStdWString());
-#else
-    return std::filesystem::path(QFile::encodeName(path).toStdString());
-#endif
 }
 
 // The new content of a book file: the old bytes with one chapter's lines replaced by `section`.
@@ -150,50 +130,6 @@ QByteArray spliced(const QByteArray &old, int chapter, const QString &section)
     return result;
 }
 
-QString systemError()
-{
-    return QString::fromLocal8Bit(std::strerror(errno));
-}
-
-// Writes the bytes to the temporary file, makes sure they are on the disk, and renames the file
-// over the book file, which is never deleted first: at every moment the book file is whole.
-QString replaceFile(const QString &path, const QString &temporary, const QByteArray &bytes)
-{
-    QFile out(temporary);
-    if (!out.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        return out.errorString();
-    QString reason;
-    if (out.write(bytes) != bytes.size() || !out.flush())
-        reason = out.errorString();
-#ifdef Q_OS_WIN
-    else if (::_commit(out.handle()) != 0)
-#else
-    else if (::fsync(out.handle()) != 0)
-#endif
-        reason = systemError();
-    out.close();
-    if (reason.isEmpty() && QFileInfo::exists(path))
-        QFile::setPermissions(temporary, QFile::permissions(path));
-
-    std::error_code error;
-    if (reason.isEmpty())
-        std::filesystem::rename(fsPath(temporary), fsPath(path), error);
-    if (!reason.isEmpty() || error) {
-        QFile::remove(temporary);
-        return reason.isEmpty() ? QString::fromStdString(error.message()) : reason;
-    }
-#ifndef Q_OS_WIN
-    // The rename itself reaches the disk once the folder is synchronised.
-    const int folder = ::open(QFile::encodeName(QFileInfo(path).absolutePath()).constData(),
-                              O_RDONLY | O_DIRECTORY);
-    if (folder >= 0) {
-        ::fsync(folder);
-        ::close(folder);
-    }
-#endif
-    return QString();
-}
-
 } // namespace
 
 QString Read(const QString &pathWithoutDat, int chapter)
@@ -245,7 +181,7 @@ QString Rewrite(const QString &pathWithoutDat, int chapter, const QString &text)
         section += line;
         section += QStringLiteral("\r\n");
     }
-    const QString reason = replaceFile(path, temporary, spliced(old, chapter, section));
+    const QString reason = platform::ReplaceFile(path, temporary, spliced(old, chapter, section));
     BookFiles::forget(path);
     return reason;
 }

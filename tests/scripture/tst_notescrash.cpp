@@ -1,8 +1,15 @@
-// Saving notes is killed at random moments: every chapter's notes must still be there, each one
-// of the versions ever saved, never missing or half written.
+// Saving notes, and saving a whole file as bookmarks and settings are saved, is killed at random
+// moments: every file must still be there, in one of the versions ever saved, never missing or
+// half written, and what the killed saves left behind goes at the next save or start.
 #include "NotesCrashTexts.h"
 #include "scripture/BookFiles.h"
 #include "scripture/ChapterSection.h"
+#include "platform/FileSystem.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
 
 #include <QElapsedTimer>
 #include <QProcess>
@@ -56,6 +63,49 @@ private slots:
         }
         QVERIFY(kills >= 10);
         QVERIFY2(changed, "the writer never finished a save before it was killed");
+
+        // The notes' temporary file is removed at the next start once it is a minute old.
+        const QString temporary = path + QStringLiteral(".temp");
+        QFile(temporary).open(QIODevice::WriteOnly);
+        platform::RemoveLeftoverTemporaryFiles(dir.path() + QStringLiteral("/notes/oldtest"));
+        QVERIFY(QFile::exists(temporary));
+        QFile old(temporary);
+        QVERIFY(old.open(QIODevice::ReadWrite));
+        QVERIFY(old.setFileTime(QDateTime::currentDateTime().addSecs(-120), QFileDevice::FileModificationTime));
+        old.close();
+        platform::RemoveLeftoverTemporaryFiles(dir.path() + QStringLiteral("/notes/oldtest"));
+        QVERIFY(!QFile::exists(temporary));
+    }
+
+    void killedWhileSavingAFile()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("bookmarks.dat"));
+        QCOMPARE(platform::WriteFileAtomically(path, crash::fileBytes(0)), QString());
+        QRandomGenerator random(QRandomGenerator::global()->generate());
+        qint64 lastWriter = 0;
+        for (int kill = 0; kill < 20; ++kill) {
+            QProcess writer;
+            writer.start(QStringLiteral(QS_NOTES_WRITER), {QStringLiteral("--file"), path});
+            QVERIFY(writer.waitForStarted());
+            lastWriter = writer.processId();
+            QThread::msleep(5 + random.bounded(60));
+            writer.kill();
+            QVERIFY(writer.waitForFinished());
+            QVERIFY2(writer.exitStatus() == QProcess::CrashExit, writer.readAllStandardError().constData());
+            const std::optional<QByteArray> bytes = platform::ReadFileBytes(path);
+            QVERIFY(bytes && (*bytes == crash::fileBytes(0) || *bytes == crash::fileBytes(1)));
+        }
+        // What the killed writers left, and a file as one of them would leave it, go at the next
+        // save; another file's temporary file stays.
+        QFile(path + QStringLiteral(".%1.temp").arg(lastWriter)).open(QIODevice::WriteOnly);
+        QFile(dir.filePath(QStringLiteral("window.ini.%1.temp").arg(lastWriter))).open(QIODevice::WriteOnly);
+        QCOMPARE(platform::WriteFileAtomically(path, crash::fileBytes(1)), QString());
+        QCOMPARE(QDir(dir.path()).entryList(QDir::Files),
+                 (QStringList{QStringLiteral("bookmarks.dat"), QStringLiteral("window.ini.%1.temp").arg(lastWriter)}));
+        // At the next start.
+        platform::RemoveLeftoverTemporaryFiles(dir.path());
+        QCOMPARE(QDir(dir.path()).entryList(QDir::Files), QStringList{QStringLiteral("bookmarks.dat")});
     }
 };
 

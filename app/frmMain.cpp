@@ -81,13 +81,8 @@ int pixelsX(const QWidget *widget, int twips)
     return (twips + perPixel - 1) / perPixel;
 }
 
-int pixelsY(const QWidget *widget, int twips)
-{
-    const int perPixel = platform::TwipsPerPixelY(widget);
-    return (twips + perPixel - 1) / perPixel;
-}
-
-// The smallest window, in twips: below it the lists and the boxes at the bottom do not fit.
+// The smallest window, in twips, frame included: below it the lists and the boxes at the bottom
+// do not fit.
 constexpr int kMinWidthTwips = 3000;
 constexpr int kMinHeightTwips = 4080;
 // The narrowest a list or the tab strip may be made with a splitter.
@@ -109,7 +104,9 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
     setObjectName(QStringLiteral("frmMain"));
     buildControls();
     buildMenus();
-    setMinimumSize(pixelsX(this, kMinWidthTwips), pixelsY(this, kMinHeightTwips));
+    m_placement = new WindowPlacement(this, QStringLiteral("main"),
+                                      WindowPlacement::Position | WindowPlacement::Size | WindowPlacement::State);
+    m_placement->setMinimumOuterSize(kMinWidthTwips, kMinHeightTwips);
     // The first size, for a user who does not keep the window's placement: as large as a reader
     // wants, but on the screen.
     QSize size(1000, 720);
@@ -117,8 +114,6 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
         size = size.boundedTo(screen->availableGeometry().size() - QSize(40, 80));
     resize(size.expandedTo(minimumSize()));
 
-    m_placement = new WindowPlacement(this, QStringLiteral("main"),
-                                      WindowPlacement::Position | WindowPlacement::Size | WindowPlacement::State);
     // Old settings files spell the key so; the store finds "left" under it all the same.
     m_placement->setLeftReadKey(QStringLiteral("Left"));
     m_placement->addSplitter(splitter, {QStringLiteral("split0"), QStringLiteral("split1")});

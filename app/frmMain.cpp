@@ -19,6 +19,7 @@
 #include "platform/CSendMessage.h"
 #include "platform/BusyCursor.h"
 #include "platform/CShell.h"
+#include "platform/FileSystem.h"
 #include "platform/clsCommonOpenDialog.h"
 #include "platform/InputBox.h"
 #include "platform/MsgBox.h"
@@ -756,19 +757,26 @@ void frmMain::mnuFileExportNotepad_Click()
 
 void frmMain::mnuFileSave_Click()
 {
-    // 1. The save dialog, asking before a file is replaced.
+    // 1. The save dialog. It does not ask before replacing a file itself: the name it gives may
+    // still get its type's ending, and the question must be about the file that is written.
     clsCommonOpenDialog dialog;
     dialog.setFilter(PassageFiles::SaveFilter());
     dialog.setFilterIndex(1);
     dialog.setDialogtitle(QStringLiteral("Filename to save to?"));
-    dialog.setOverWritePrompt(true);
+    dialog.setOverWritePrompt(false);
     dialog.setPathMustExist(true);
     // 2. Cancel stops here.
     if (!dialog.ShowSave(this))
         return;
-    // 3-4. Rich text for the second type, plain text otherwise; the ending always added.
+    // 3-4. Rich text for the second type, plain text otherwise; the ending added when missing.
     const bool rich = PassageFiles::SavesRichText(dialog.FilterIndex());
-    const QString path = PassageFiles::SaveName(dialog.filename(), dialog.FilterIndex());
+    // Names match case-blind when written, so the question names the file as it is on disk.
+    const QString path = platform::ResolvePath(PassageFiles::SaveName(dialog.filename(), dialog.FilterIndex()));
+    // Asked as the dialog would have asked, under its title.
+    if (platform::FileExists(path) &&
+        platform::MsgBox(QDir::toNativeSeparators(path) + QStringLiteral(" already exists.\r\nDo you want to replace it?"),
+                         vb::vbYesNo | vb::vbExclamation | vb::vbDefaultButton2, dialog.Dialogtitle()) != vb::vbYes)
+        return;
     // 5. One piece of text and a line break.
     const QString failure = PassageFiles::Write(path, rich ? rtfPassage->TextRTF() : rtfPassage->Text());
     if (!failure.isEmpty())

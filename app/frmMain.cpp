@@ -70,6 +70,20 @@
 
 namespace {
 
+// Opens a file or an address with the desktop's handler. When there is none, or the desktop
+// refuses, the reader is told what could not be opened rather than left waiting for a window.
+void openOnDesktop(const QString &target, const QString &failurePrompt)
+{
+    CShell shell;
+    shell.setFilename(target);
+    shell.setWindowState(CShell::SW_SHOWNORMAL);
+    if (shell.Execute())
+        return;
+    const QUrl url = shell.Url();
+    platform::MsgBox(failurePrompt + (url.isLocalFile() ? QDir::toNativeSeparators(url.toLocalFile()) : target),
+                     vb::vbExclamation);
+}
+
 QString programFile(const QString &name)
 {
     return basStrings::JoinPath(ProgramSettings::instance().programFolder(), name);
@@ -749,10 +763,7 @@ void frmMain::mnuFileExportNotepad_Click()
         return;
     }
     // 3. It opens in the desktop's text editor, and the program goes on at once.
-    CShell shell;
-    shell.setFilename(path);
-    shell.setWindowState(CShell::SW_SHOWNORMAL);
-    shell.Execute();
+    openOnDesktop(path, QStringLiteral("The exported passage could not be opened: "));
 }
 
 void frmMain::mnuFileSave_Click()
@@ -801,19 +812,13 @@ void frmMain::mnuHelpContents_Click()
 {
     // The help file when there is one, else the manual that comes with the program.
     using DataFiles::File;
-    CShell shell;
-    shell.setFilename(DataFiles::Exists(File::Help) ? DataFiles::Path(File::Help) : DataFiles::Path(File::Manual));
-    shell.setWindowState(CShell::SW_SHOWNORMAL);
-    if (!shell.Execute())
-        platform::MsgBox(QStringLiteral("The help could not be opened: ") + shell.filename(), vb::vbExclamation);
+    openOnDesktop(DataFiles::Exists(File::Help) ? DataFiles::Path(File::Help) : DataFiles::Path(File::Manual),
+                  QStringLiteral("The help could not be opened: "));
 }
 
 void frmMain::mnuHelpWebSite_Click()
 {
-    CShell shell;
-    shell.setFilename(WebSite);
-    shell.setWindowState(CShell::SW_SHOWNORMAL);
-    shell.Execute();
+    openOnDesktop(WebSite, QStringLiteral("The web site could not be opened: "));
 }
 
 void frmMain::mnuHelpMailingList_Click()

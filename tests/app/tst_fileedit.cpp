@@ -254,6 +254,31 @@ private slots:
         QCOMPARE(answers.last().buttons, int(vb::vbQuestion | vb::vbYesNo | vb::vbMsgBoxSetForeground));
         QVERIFY(answers.last().prompt.startsWith(QStringLiteral("The mailinglist is designed")));
     }
+
+    // With nothing on the desktop to open a file or address, the reader is told which one.
+    void desktopCannotOpen_data()
+    {
+        QTest::addColumn<QString>("action");
+        QTest::addColumn<QString>("named");
+        QTest::newRow("export") << "mnuFileExportNotepad" << "/export.txt";
+        QTest::newRow("help") << "mnuHelpContents" << "help/index.html";
+        QTest::newRow("web site") << "mnuHelpWebSite" << frmMain::WebSite;
+        QTest::newRow("mailing list") << "mnuHelpMailingList" << frmMain::WebSite;
+    }
+
+    void desktopCannotOpen()
+    {
+        QFETCH(QString, action);
+        QFETCH(QString, named);
+        platform::MsgBoxAnswerer answers; // the mailing list's question gets Yes, as unanswered boxes do
+        ProgramHarness program(m_dir.path());
+        QVERIFY(program.start(QStringLiteral("KJV")));
+        support::ShellRecorder shell(false);
+        program.control<QAction>(qPrintable(action))->trigger();
+        QCOMPARE(shell.opened.size(), 1);
+        QVERIFY2(answers.last().prompt.contains(named), qPrintable(answers.last().prompt));
+        QCOMPARE(answers.last().buttons, int(vb::vbExclamation));
+    }
 };
 
 QTEST_MAIN(TestFileEdit)

@@ -109,6 +109,27 @@ private slots:
         answers.enqueue(vb::vbNo); // leave the notes unsaved when the harness closes
     }
 
+    // Once Find has been used, a click into the notes takes the keyboard back to them.
+    void typingAfterFindGoesToTheNotes()
+    {
+        platform::MsgBoxAnswerer answers;
+        ProgramHarness program(m_dir.path());
+        QVERIFY(program.start(QStringLiteral("KJV")));
+        program.control<QTabWidget>("SSTab1")->setCurrentIndex(1);
+        auto *notes = program.control<platform::RichTextBox>("rtfNotes");
+        notes->setText(QStringLiteral("my own note"));
+        frmFind *find = openFind(program, QStringLiteral("own"));
+        QTRY_COMPARE(QApplication::activeWindow(), static_cast<QWidget *>(find));
+        press(find);
+        QTest::mouseClick(notes->viewport(), Qt::LeftButton, {}, QPoint(2, 2));
+        QTRY_VERIFY(notes->hasFocus());
+        // The keys go where the keyboard is.
+        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("abc"));
+        QCOMPARE(notes->Text(), QStringLiteral("abcmy own note"));
+        QCOMPARE(find->findChild<QLineEdit *>(QStringLiteral("txtSearch"))->text(), QStringLiteral("own"));
+        answers.enqueue(vb::vbNo); // leave the notes unsaved when the harness closes
+    }
+
     void copies()
     {
         platform::MsgBoxAnswerer answers;

@@ -22,7 +22,8 @@ bool SavesRichText(int filterIndex)
 
 QString SaveName(const QString &chosen, int filterIndex)
 {
-    return chosen + (SavesRichText(filterIndex) ? QStringLiteral(".rtf") : QStringLiteral(".txt"));
+    const QString ending = SavesRichText(filterIndex) ? QStringLiteral(".rtf") : QStringLiteral(".txt");
+    return chosen.endsWith(ending, Qt::CaseInsensitive) ? chosen : chosen + ending;
 }
 
 QString Write(const QString &path, const QString &text)

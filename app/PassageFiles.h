@@ -13,8 +13,9 @@ QString ExportPath(const QString &programFolder);
 // The save dialog's file types, and what each saves: the second is rich text, the others plain.
 QString SaveFilter();
 bool SavesRichText(int filterIndex);
-// The name the text is saved under: the name chosen with the type's ending always added, even
-// when the reader typed it already ("notes.txt" becomes "notes.txt.txt").
+// The name the text is saved under: the name chosen with the type's ending added, unless the
+// name already ends in it in capitals or small letters ("notes" and "notes.txt" both become
+// "notes.txt", "NOTES.TXT" stays).
 QString SaveName(const QString &chosen, int filterIndex);
 
 // Writes text and a line break (CR LF); an empty string on success, else what went wrong.

@@ -19,6 +19,7 @@
 #include "platform/CSendMessage.h"
 #include "platform/BusyCursor.h"
 #include "platform/CShell.h"
+#include "platform/FileSystem.h"
 #include "platform/clsCommonOpenDialog.h"
 #include "platform/InputBox.h"
 #include "platform/MsgBox.h"
@@ -69,6 +70,20 @@
 
 namespace {
 
+// Opens a file or an address with the desktop's handler. When there is none, or the desktop
+// refuses, the reader is told what could not be opened rather than left waiting for a window.
+void openOnDesktop(const QString &target, const QString &failurePrompt)
+{
+    CShell shell;
+    shell.setFilename(target);
+    shell.setWindowState(CShell::SW_SHOWNORMAL);
+    if (shell.Execute())
+        return;
+    const QUrl url = shell.Url();
+    platform::MsgBox(failurePrompt + (url.isLocalFile() ? QDir::toNativeSeparators(url.toLocalFile()) : target),
+                     vb::vbExclamation);
+}
+
 QString programFile(const QString &name)
 {
     return basStrings::JoinPath(ProgramSettings::instance().programFolder(), name);
@@ -81,13 +96,8 @@ int pixelsX(const QWidget *widget, int twips)
     return (twips + perPixel - 1) / perPixel;
 }
 
-int pixelsY(const QWidget *widget, int twips)
-{
-    const int perPixel = platform::TwipsPerPixelY(widget);
-    return (twips + perPixel - 1) / perPixel;
-}
-
-// The smallest window, in twips: below it the lists and the boxes at the bottom do not fit.
+// The smallest window, in twips, frame included: below it the lists and the boxes at the bottom
+// do not fit.
 constexpr int kMinWidthTwips = 3000;
 constexpr int kMinHeightTwips = 4080;
 // The narrowest a list or the tab strip may be made with a splitter.
@@ -109,7 +119,9 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
     setObjectName(QStringLiteral("frmMain"));
     buildControls();
     buildMenus();
-    setMinimumSize(pixelsX(this, kMinWidthTwips), pixelsY(this, kMinHeightTwips));
+    m_placement = new WindowPlacement(this, QStringLiteral("main"),
+                                      WindowPlacement::Position | WindowPlacement::Size | WindowPlacement::State);
+    m_placement->setMinimumOuterSize(kMinWidthTwips, kMinHeightTwips);
     // The first size, for a user who does not keep the window's placement: as large as a reader
     // wants, but on the screen.
     QSize size(1000, 720);
@@ -117,8 +129,6 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
         size = size.boundedTo(screen->availableGeometry().size() - QSize(40, 80));
     resize(size.expandedTo(minimumSize()));
 
-    m_placement = new WindowPlacement(this, QStringLiteral("main"),
-                                      WindowPlacement::Position | WindowPlacement::Size | WindowPlacement::State);
     // Old settings files spell the key so; the store finds "left" under it all the same.
     m_placement->setLeftReadKey(QStringLiteral("Left"));
     m_placement->addSplitter(splitter, {QStringLiteral("split0"), QStringLiteral("split1")});
@@ -761,27 +771,31 @@ void frmMain::mnuFileExportNotepad_Click()
         return;
     }
     // 3. It opens in the desktop's text editor, and the program goes on at once.
-    CShell shell;
-    shell.setFilename(path);
-    shell.setWindowState(CShell::SW_SHOWNORMAL);
-    shell.Execute();
+    openOnDesktop(path, QStringLiteral("The exported passage could not be opened: "));
 }
 
 void frmMain::mnuFileSave_Click()
 {
-    // 1. The save dialog, asking before a file is replaced.
+    // 1. The save dialog. It does not ask before replacing a file itself: the name it gives may
+    // still get its type's ending, and the question must be about the file that is written.
     clsCommonOpenDialog dialog;
     dialog.setFilter(PassageFiles::SaveFilter());
     dialog.setFilterIndex(1);
     dialog.setDialogtitle(QStringLiteral("Filename to save to?"));
-    dialog.setOverWritePrompt(true);
+    dialog.setOverWritePrompt(false);
     dialog.setPathMustExist(true);
     // 2. Cancel stops here.
     if (!dialog.ShowSave(this))
         return;
-    // 3-4. Rich text for the second type, plain text otherwise; the ending always added.
+    // 3-4. Rich text for the second type, plain text otherwise; the ending added when missing.
     const bool rich = PassageFiles::SavesRichText(dialog.FilterIndex());
-    const QString path = PassageFiles::SaveName(dialog.filename(), dialog.FilterIndex());
+    // Names match case-blind when written, so the question names the file as it is on disk.
+    const QString path = platform::ResolvePath(PassageFiles::SaveName(dialog.filename(), dialog.FilterIndex()));
+    // Asked as the dialog would have asked, under its title.
+    if (platform::FileExists(path) &&
+        platform::MsgBox(QDir::toNativeSeparators(path) + QStringLiteral(" already exists.\r\nDo you want to replace it?"),
+                         vb::vbYesNo | vb::vbExclamation | vb::vbDefaultButton2, dialog.Dialogtitle()) != vb::vbYes)
+        return;
     // 5. One piece of text and a line break.
     const QString failure = PassageFiles::Write(path, rich ? rtfPassage->TextRTF() : rtfPassage->Text());
     if (!failure.isEmpty())
@@ -806,19 +820,13 @@ void frmMain::mnuHelpContents_Click()
 {
     // The help file when there is one, else the manual that comes with the program.
     using DataFiles::File;
-    CShell shell;
-    shell.setFilename(DataFiles::Exists(File::Help) ? DataFiles::Path(File::Help) : DataFiles::Path(File::Manual));
-    shell.setWindowState(CShell::SW_SHOWNORMAL);
-    if (!shell.Execute())
-        platform::MsgBox(QStringLiteral("The help could not be opened: ") + shell.filename(), vb::vbExclamation);
+    openOnDesktop(DataFiles::Exists(File::Help) ? DataFiles::Path(File::Help) : DataFiles::Path(File::Manual),
+                  QStringLiteral("The help could not be opened: "));
 }
 
 void frmMain::mnuHelpWebSite_Click()
 {
-    CShell shell;
-    shell.setFilename(WebSite);
-    shell.setWindowState(CShell::SW_SHOWNORMAL);
-    shell.Execute();
+    openOnDesktop(WebSite, QStringLiteral("The web site could not be opened: "));
 }
 
 void frmMain::mnuHelpMailingList_Click()

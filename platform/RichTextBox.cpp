@@ -49,6 +49,16 @@ RichTextBox::RichTextBox(QWidget *parent) : QTextEdit(parent)
     setAcceptRichText(true);
 }
 
+void RichTextBox::mousePressEvent(QMouseEvent *event)
+{
+    // Window managers activate a window clicked into, but not every platform has one (offscreen,
+    // VNC, a bare frame buffer): there a tool window such as Find, once active, would keep the
+    // keyboard while the reader clicks into the main window's notes and types.
+    if (!isActiveWindow())
+        activateWindow();
+    QTextEdit::mousePressEvent(event);
+}
+
 RichTextBox::PlainView RichTextBox::plainView() const
 {
     const QTextDocument *doc = document();

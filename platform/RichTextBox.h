@@ -105,6 +105,11 @@ public:
     int textPosition(int documentPosition) const;
     int documentPosition(int textPosition) const;
 
+protected:
+    // A click makes the view's window the active one, so that what is typed next goes where the
+    // reader clicked.
+    void mousePressEvent(QMouseEvent *event) override;
+
 private:
     struct PlainView
     {

@@ -23,10 +23,11 @@ const QString kWidth = QStringLiteral("width");
 const QString kHeight = QStringLiteral("height");
 
 // The frame the window manager put around the last window shown. A window's own frame is known
-// only once it is on screen; until then the last one seen is the best guess.
+// only once it is on screen; until then the last one seen is the best guess, and before any was
+// seen, none. (A default QSize is -1 by -1, which would make every first window a pixel larger.)
 QSize &lastFrameExtra()
 {
-    static QSize extra;
+    static QSize extra(0, 0);
     return extra;
 }
 
@@ -52,6 +53,15 @@ void WindowPlacement::addTab(QTabWidget *tabs, const QString &key)
     m_tabKey = key;
 }
 
+void WindowPlacement::setMinimumOuterSize(int widthTwips, int heightTwips)
+{
+    // Rounded up, so that the window is never smaller than asked.
+    const int tx = twipsPerPixelX();
+    const int ty = twipsPerPixelY();
+    m_minimumOuter = QSize((widthTwips + tx - 1) / tx, (heightTwips + ty - 1) / ty);
+    applyMinimumSize();
+}
+
 int WindowPlacement::twipsPerPixelX() const
 {
     return platform::TwipsPerPixelX(m_window);
@@ -68,6 +78,23 @@ QRect WindowPlacement::availableScreen(const QRect &near) const
     if (!screen)
         screen = m_window && m_window->screen() ? m_window->screen() : QGuiApplication::primaryScreen();
     return screen ? screen->availableGeometry() : QRect();
+}
+
+QSize WindowPlacement::frameExtra() const
+{
+    if (m_window && m_window->isVisible()) {
+        const QSize extra = m_window->frameGeometry().size() - m_window->geometry().size();
+        if (!extra.isEmpty())
+            return extra;
+    }
+    return lastFrameExtra();
+}
+
+void WindowPlacement::applyMinimumSize()
+{
+    // Qt holds the inner size to the minimum; the frame's share is left out of it.
+    if (m_window && m_minimumOuter.isValid())
+        m_window->setMinimumSize((m_minimumOuter - frameExtra()).expandedTo(QSize(0, 0)));
 }
 
 QRect WindowPlacement::FitOnScreen(const QRect &outer, const QRect &available, const QSize &minimum)
@@ -117,6 +144,7 @@ void WindowPlacement::restore()
     }
     if (!ProgramSettings::instance().rememberWindows)
         return;
+    m_fixNormal = false;
 
     // A window kept maximised still gets its normal placement, to return to when it is restored.
     const int state = (m_parts & State) ? ini.Data(m_section, kState) : 0;
@@ -139,7 +167,7 @@ void WindowPlacement::restore()
             read(m_height, kHeight, ty);
             outer.setSize(QSize(m_width.pixels, m_height.pixels));
         }
-        const QRect fitted = FitOnScreen(outer, availableScreen(outer), m_window->minimumSize() + lastFrameExtra());
+        const QRect fitted = FitOnScreen(outer, availableScreen(outer), m_window->minimumSize() + frameExtra());
         // What had to move to fit on screen is written back as it is now, not as it was read.
         m_left.set = m_left.set && fitted.left() == m_left.pixels;
         m_top.set = m_top.set && fitted.top() == m_top.pixels;
@@ -297,8 +325,23 @@ void WindowPlacement::settleFrame()
     m_fixFrame = false;
     QTimer::singleShot(0, this, &WindowPlacement::restoreSplitters);
     lastFrameExtra() = extra;
-    if (!m_window->isMaximized() && !m_window->isMinimized() && m_window->frameGeometry() != m_wantedOuter) {
+    if (m_window->isMaximized() || m_window->isMinimized()) {
+        // The window system gives the window back the inner size it was first shown with, which
+        // took no frame into account: it is put right when the window is made normal.
+        m_fixNormal = true;
+    } else if (m_window->frameGeometry() != m_wantedOuter) {
         m_window->resize((m_wantedOuter.size() - extra).expandedTo(m_window->minimumSize()));
+        m_window->move(m_wantedOuter.topLeft());
+    }
+}
+
+void WindowPlacement::settleNormalSize()
+{
+    if (!m_fixNormal || !m_window || !m_window->isVisible() || m_window->isMaximized() || m_window->isMinimized())
+        return;
+    m_fixNormal = false;
+    if (m_window->frameGeometry() != m_wantedOuter) {
+        m_window->resize((m_wantedOuter.size() - frameExtra()).expandedTo(m_window->minimumSize()));
         m_window->move(m_wantedOuter.topLeft());
     }
 }
@@ -313,6 +356,8 @@ bool WindowPlacement::eventFilter(QObject *watched, QEvent *event)
             m_shown.start();
         if (m_splittersPending)
             QTimer::singleShot(0, this, &WindowPlacement::restoreSplitters);
+        if (m_minimumOuter.isValid())
+            QTimer::singleShot(0, this, &WindowPlacement::applyMinimumSize);
         // The window system may frame the window at once or a little later.
         if (m_fixFrame) {
             QTimer::singleShot(0, this, &WindowPlacement::settleFrame);
@@ -327,7 +372,14 @@ bool WindowPlacement::eventFilter(QObject *watched, QEvent *event)
         break;
     case QEvent::Move:
     case QEvent::Resize:
+        // A frame that came or changed is taken out of the minimum size too.
+        applyMinimumSize();
         settleFrame();
+        break;
+    case QEvent::WindowStateChange:
+        // The window system may still be moving the window back to its normal place.
+        if (m_fixNormal)
+            QTimer::singleShot(0, this, &WindowPlacement::settleNormalSize);
         break;
     default:
         break;

@@ -45,6 +45,8 @@ public:
     void addSplitter(QSplitter *splitter, const QStringList &keys);
     // The index of the tab shown.
     void addTab(QTabWidget *tabs, const QString &key = QStringLiteral("tab"));
+    // The smallest the window may be made, in twips, frame included like the saved size.
+    void setMinimumOuterSize(int widthTwips, int heightTwips);
 
     void restore();
     void save();
@@ -80,8 +82,11 @@ private:
     int twipsPerPixelX() const;
     int twipsPerPixelY() const;
     QRect availableScreen(const QRect &near) const;
+    QSize frameExtra() const;
+    void applyMinimumSize();
     void applyOuterSize();
     void settleFrame();
+    void settleNormalSize();
     void restoreSplitters();
     QList<int> handlePositions(const QSplitter *splitter) const;
     int writeBack(const Remembered &value, int pixels, int twipsPerPixel) const;
@@ -96,7 +101,9 @@ private:
 
     Remembered m_left, m_top, m_width, m_height;
     QRect m_wantedOuter;       // outer rectangle asked for at restore, in pixels
+    QSize m_minimumOuter;      // smallest outer size, in pixels; invalid when not set
     bool m_fixFrame = false;   // the frame was not known yet when the size was set
+    bool m_fixNormal = false;  // ... and the window was maximised when the frame came
     bool m_splittersPending = false;
     QElapsedTimer m_shown;
 };

@@ -109,6 +109,27 @@ private slots:
         answers.enqueue(vb::vbNo); // leave the notes unsaved when the harness closes
     }
 
+    // Once Find has been used, a click into the notes takes the keyboard back to them.
+    void typingAfterFindGoesToTheNotes()
+    {
+        platform::MsgBoxAnswerer answers;
+        ProgramHarness program(m_dir.path());
+        QVERIFY(program.start(QStringLiteral("KJV")));
+        program.control<QTabWidget>("SSTab1")->setCurrentIndex(1);
+        auto *notes = program.control<platform::RichTextBox>("rtfNotes");
+        notes->setText(QStringLiteral("my own note"));
+        frmFind *find = openFind(program, QStringLiteral("own"));
+        QTRY_COMPARE(QApplication::activeWindow(), static_cast<QWidget *>(find));
+        press(find);
+        QTest::mouseClick(notes->viewport(), Qt::LeftButton, {}, QPoint(2, 2));
+        QTRY_VERIFY(notes->hasFocus());
+        // The keys go where the keyboard is.
+        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("abc"));
+        QCOMPARE(notes->Text(), QStringLiteral("abcmy own note"));
+        QCOMPARE(find->findChild<QLineEdit *>(QStringLiteral("txtSearch"))->text(), QStringLiteral("own"));
+        answers.enqueue(vb::vbNo); // leave the notes unsaved when the harness closes
+    }
+
     void copies()
     {
         platform::MsgBoxAnswerer answers;
@@ -135,7 +156,8 @@ private slots:
         QTest::addColumn<QString>("written");
         QTest::addColumn<bool>("rich");
         QTest::newRow("rich text") << "notes" << 2 << "notes.rtf" << true;
-        QTest::newRow("text, ending typed") << "notes.txt" << 1 << "notes.txt.txt" << false;
+        QTest::newRow("text, ending typed") << "notes.txt" << 1 << "notes.txt" << false;
+        QTest::newRow("rich text, ending typed in capitals") << "NOTES.RTF" << 2 << "NOTES.RTF" << true;
         QTest::newRow("all files save text") << "passage" << 3 << "passage.txt" << false;
     }
 
@@ -152,11 +174,9 @@ private slots:
 
         QTemporaryDir out;
         QString title;
-        int flags = 0;
         {
             support::FileAnswer answer([&](clsCommonOpenDialog &dialog, bool save) {
                 title = dialog.Dialogtitle();
-                flags = dialog.flags();
                 dialog.setFilename(out.filePath(name));
                 dialog.setFilterIndex(filter);
                 return save;
@@ -164,7 +184,7 @@ private slots:
             program.control<QAction>("mnuFileSave")->trigger();
         }
         QCOMPARE(title, QStringLiteral("Filename to save to?"));
-        QVERIFY(flags & clsCommonOpenDialog::OFN_OVERWRITEPROMPT);
+        QCOMPARE(QDir(out.path()).entryList(QDir::Files), QStringList{written});
         const QString content = read(out.filePath(written));
         if (rich)
             QVERIFY2(content.startsWith(QStringLiteral("{\\rtf")), qPrintable(content.left(40)));
@@ -178,6 +198,42 @@ private slots:
         QCOMPARE(shell.opened.size(), 1);
         QVERIFY(shell.opened.first().toLocalFile().endsWith(QStringLiteral("/export.txt")));
         QCOMPARE(answers.count(), 0);
+    }
+
+    // Replacing a file asks about the file that is written, its ending added or typed; No keeps it.
+    void saveAsksBeforeReplacing_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<int>("answer");
+        QTest::newRow("ending added, No") << "plain" << int(vb::vbNo);
+        QTest::newRow("ending typed, No") << "plain.txt" << int(vb::vbNo);
+        QTest::newRow("ending added, Yes") << "plain" << int(vb::vbYes);
+    }
+
+    void saveAsksBeforeReplacing()
+    {
+        QFETCH(QString, typed);
+        QFETCH(int, answer);
+        platform::MsgBoxAnswerer answers;
+        ProgramHarness program(m_dir.path());
+        QVERIFY(program.start(QStringLiteral("KJV")));
+        QTemporaryDir out;
+        const QString existing = out.filePath(QStringLiteral("plain.txt"));
+        writeFile(existing, "kept");
+        answers.enqueue(answer);
+        {
+            support::FileAnswer chosen([&](clsCommonOpenDialog &dialog, bool save) {
+                dialog.setFilename(out.filePath(typed));
+                dialog.setFilterIndex(1);
+                return save;
+            });
+            program.control<QAction>("mnuFileSave")->trigger();
+        }
+        QCOMPARE(answers.prompts(), QStringList{QDir::toNativeSeparators(existing) +
+                                                QStringLiteral(" already exists.\r\nDo you want to replace it?")});
+        QCOMPARE(answers.last().buttons & 0xF, int(vb::vbYesNo));
+        QCOMPARE(QDir(out.path()).entryList(QDir::Files), QStringList{QStringLiteral("plain.txt")});
+        QCOMPARE(read(existing) == QStringLiteral("kept"), answer == vb::vbNo);
     }
 
     void saveCancelledWritesNothing()
@@ -218,6 +274,31 @@ private slots:
         QCOMPARE(answers.last().title, QStringLiteral("Mailing List"));
         QCOMPARE(answers.last().buttons, int(vb::vbQuestion | vb::vbYesNo | vb::vbMsgBoxSetForeground));
         QVERIFY(answers.last().prompt.startsWith(QStringLiteral("The mailinglist is designed")));
+    }
+
+    // With nothing on the desktop to open a file or address, the reader is told which one.
+    void desktopCannotOpen_data()
+    {
+        QTest::addColumn<QString>("action");
+        QTest::addColumn<QString>("named");
+        QTest::newRow("export") << "mnuFileExportNotepad" << "/export.txt";
+        QTest::newRow("help") << "mnuHelpContents" << "help/index.html";
+        QTest::newRow("web site") << "mnuHelpWebSite" << frmMain::WebSite;
+        QTest::newRow("mailing list") << "mnuHelpMailingList" << frmMain::WebSite;
+    }
+
+    void desktopCannotOpen()
+    {
+        QFETCH(QString, action);
+        QFETCH(QString, named);
+        platform::MsgBoxAnswerer answers; // the mailing list's question gets Yes, as unanswered boxes do
+        ProgramHarness program(m_dir.path());
+        QVERIFY(program.start(QStringLiteral("KJV")));
+        support::ShellRecorder shell(false);
+        program.control<QAction>(qPrintable(action))->trigger();
+        QCOMPARE(shell.opened.size(), 1);
+        QVERIFY2(answers.last().prompt.contains(named), qPrintable(answers.last().prompt));
+        QCOMPARE(answers.last().buttons, int(vb::vbExclamation));
     }
 };
 

@@ -32,6 +32,25 @@ class TestWindowPlacement : public QObject
 private slots:
     void cleanup() { ProgramSettings::instance().rememberWindows = false; }
 
+    // First of all, so that no window has been framed yet and the frame is unknown when the
+    // window is placed, as it is for the program's first window.
+    void maximisedComesBackAtItsSavedSize()
+    {
+        useIni("[main]\r\nwindowstate=2\r\nleft=1500\r\ntop=1200\r\nwidth=9030\r\nheight=6375\r\n", true);
+        QWidget window;
+        WindowPlacement placement(&window, QStringLiteral("main"),
+                                  WindowPlacement::Position | WindowPlacement::Size | WindowPlacement::State);
+        placement.restore();
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QVERIFY(window.isMaximized());
+        // Restored by the user, then closed: the saved normal placement, frame included.
+        window.setWindowState(Qt::WindowNoState);
+        QTRY_COMPARE(window.frameGeometry(), QRect(100, 80, 602, 425));
+        window.close();
+        QCOMPARE(iniBytes(), "[main]\r\nwindowstate=0\r\nleft=1500\r\ntop=1200\r\nwidth=9030\r\nheight=6375\r\n");
+    }
+
     void fitOnScreen_data()
     {
         QTest::addColumn<QRect>("outer");

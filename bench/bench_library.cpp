@@ -63,7 +63,7 @@ public:
     void GoToReference(const QString &) override {}
     void ShowPassage(const QString &, const QString &) override {}
     const clsBible &Bible() const override { return m_bible; }
-    void StrongConcordance(const QString &) override {}
+    void ShowConcordance(const QString &) override {}
 
 private:
     clsBible m_bible;

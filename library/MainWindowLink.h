@@ -21,5 +21,5 @@ public:
     virtual const clsBible &Bible() const = 0;
     // Lists every verse that carries a Strong's number ("H430", "G26"), as the Strong's
     // concordance of the main window does.
-    virtual void StrongConcordance(const QString &number) = 0;
+    virtual void ShowConcordance(const QString &number) = 0;
 };

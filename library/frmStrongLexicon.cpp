@@ -244,7 +244,7 @@ void frmStrongLexicon::findAll(Language language)
         return;
     // The selected entry's number, not the word box's text; nothing selected sends 0.
     const QString prefix = language == Language::Hebrew ? QStringLiteral("H") : QStringLiteral("G");
-    m_main.StrongConcordance(prefix + QString::number(selectedRow(language) + 1));
+    m_main.ShowConcordance(prefix + QString::number(selectedRow(language) + 1));
 }
 
 void frmStrongLexicon::txtHebrewDefinition_DblClick(const QString &selected)

@@ -52,6 +52,22 @@ QString TaggedTranslation(const QString &programFolder, const QString &except)
     return QString();
 }
 
+const clsBible *StoreFor(const clsBible &open, const QString &programFolder, const QString &openFolder,
+                         std::unique_ptr<clsBible> &other, QString &otherName)
+{
+    if (CarriesNumbers(open))
+        return &open;
+    const QString folder = TaggedTranslation(programFolder, openFolder);
+    if (folder.isEmpty())
+        return nullptr;
+    const QString path = basStrings::JoinPath(programFolder, folder);
+    other = std::make_unique<clsBible>();
+    other->setVersionPath(path);
+    other->setSeparator(open.Separator());
+    otherName = TranslationList::ReadHeader(path).name;
+    return other.get();
+}
+
 QuickSearch::Result Run(QuickSearch &search, const clsBible &store, const QString &number, int limit,
                         const QString &otherTranslation)
 {

@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include <memory>
+
 class clsBible;
 
 // Every verse that carries a Strong's number: a translation tagged with the numbers holds them in
@@ -22,6 +24,12 @@ bool CarriesNumbers(const clsBible &store);
 // The first installed translation of the program folder, other than the one named, whose text
 // carries Strong's numbers; empty when there is none.
 QString TaggedTranslation(const QString &programFolder, const QString &except = QString());
+
+// The translation the concordance searches: the open one when its text carries the numbers, else
+// the first other installed one that does. That one is opened into `other` (with the separator
+// of the open one) and its name is put in `otherName`. Null when no translation carries them.
+const clsBible *StoreFor(const clsBible &open, const QString &programFolder, const QString &openFolder,
+                         std::unique_ptr<clsBible> &other, QString &otherName);
 
 // Runs the search for a normalized number. otherTranslation names the translation searched when
 // it is not the one the reader has open; the final title then says so.

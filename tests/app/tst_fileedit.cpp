@@ -138,14 +138,14 @@ private slots:
         auto *view = program.control<platform::RichTextBox>("rtfPassage");
         QApplication::clipboard()->setText(QStringLiteral("before"));
         view->setSelStart(0);
-        program.main()->mnuEditCopy_Click();
+        program.control<QAction>("mnuEditCopy")->trigger();
         QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("before"));
 
         // Copy Passage cuts the last two characters, whatever they are.
-        program.main()->mnuEditCopyPassage_Click();
+        program.control<QAction>("mnuEditCopyPassage")->trigger();
         QCOMPARE(QApplication::clipboard()->text(), view->Text().chopped(2));
         view->setText(QStringLiteral("x"));
-        program.main()->mnuEditCopyPassage_Click();
+        program.control<QAction>("mnuEditCopyPassage")->trigger();
         QCOMPARE(QApplication::clipboard()->text(), QString());
     }
 

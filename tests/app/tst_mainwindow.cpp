@@ -31,6 +31,14 @@ class TestMainWindow : public QObject
 
     QTemporaryDir m_dir;
 
+    // The testament chosen from the drop-down, as the reader chooses it.
+    static void chooseTestament(const ProgramHarness &program, int index)
+    {
+        auto *testaments = program.control<QComboBox>("cmbTestaments");
+        testaments->setCurrentIndex(index);
+        emit testaments->activated(index);
+    }
+
     void writeIni(const QByteArray &text) { writeFile(m_dir.path() + QStringLiteral("/window.ini"), text); }
     QString ini(const QString &section, const QString &key) const
     {
@@ -151,8 +159,7 @@ private slots:
         // The first chapter of the Bible is on display after start-up.
         QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("GENESIS 1"));
 
-        program.control<QComboBox>("cmbTestaments")->setCurrentIndex(1);
-        main->cmbTestaments_Click();
+        chooseTestament(program, 1);
         QCOMPARE(program.control<QListWidget>("lstBooks")->count(), 27);
         QCOMPARE(program.control<QListWidget>("lstBooks")->item(0)->text(), main->Bible().BookName(40));
 
@@ -164,8 +171,7 @@ private slots:
         QVERIFY(program.control<platform::RichTextBox>("rtfPassage")->Text().startsWith(QStringLiteral("JOHN 2\r\n1 Text of John 2:1\r\n")));
 
         // "Get it" moves the lists to the passage.
-        program.control<QComboBox>("cmbTestaments")->setCurrentIndex(0);
-        main->cmbTestaments_Click();
+        chooseTestament(program, 0);
         program.control<QLineEdit>("txtReference")->setText(QStringLiteral("jn 3:16"));
         QTest::mouseClick(program.control<QPushButton>("cmdGet"), Qt::LeftButton);
         QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("JOHN 3:16"));
@@ -204,10 +210,10 @@ private slots:
                 small = entry;
         QVERIFY(small);
         QVERIFY(!small->isChecked());
-        main->cmdGet_Click();
+        QTest::mouseClick(program.control<QPushButton>("cmdGet"), Qt::LeftButton);
         QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("JOHN 3:16"));
         program.control<QLineEdit>("txtReference")->setText(QStringLiteral("Mark 1"));
-        main->cmdGet_Click();
+        QTest::mouseClick(program.control<QPushButton>("cmdGet"), Qt::LeftButton);
         small->trigger();
         QCOMPARE(main->windowTitle(), QStringLiteral("Small Version - Quillstone Bible 1.0.0"));
         QCOMPARE(program.control<QListWidget>("lstBooks")->currentItem()->text(), QStringLiteral("Mark"));
@@ -225,14 +231,12 @@ private slots:
         platform::MsgBoxAnswerer answers;
         ProgramHarness program(m_dir.path());
         program.start(QStringLiteral("TEST"));
-        frmMain *main = program.main();
-        program.control<QComboBox>("cmbTestaments")->setCurrentIndex(1);
-        main->cmbTestaments_Click();
+        chooseTestament(program, 1);
 
         // Without "Update Books List" the lists stay where they are.
         program.control<QCheckBox>("chkUpdateList")->setChecked(false);
         program.control<QLineEdit>("txtReference")->setText(QStringLiteral("Gen 2:1"));
-        main->cmdGet_Click();
+        QTest::mouseClick(program.control<QPushButton>("cmdGet"), Qt::LeftButton);
         QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("GENESIS 2:1"));
         QCOMPARE(program.control<QComboBox>("cmbTestaments")->currentIndex(), 1);
 
@@ -260,19 +264,19 @@ private slots:
 
         // Genesis and Mark hold one chapter of two verses each: four lines hold "text".
         ProgramSettings::instance().searchLimit = 100;
-        main->QuickSearch(QStringLiteral(" text "));
+        main->SearchFor(QStringLiteral(" text "));
         QCOMPARE(title->text(), QStringLiteral("Search results for \" text \" (4 matches)"));
         QVERIFY(program.control<platform::RichTextBox>("rtfPassage")->Text().startsWith(QStringLiteral("Genesis :1 Text of Genesis 1:1\r\n\r\n")));
         QCOMPARE(program.control<platform::RichTextBox>("rtfPassage")->SelStart(), 0);
         QCOMPARE(answers.count(), 0);
 
         ProgramSettings::instance().searchLimit = 4;
-        main->QuickSearch(QStringLiteral("text"));
+        main->SearchFor(QStringLiteral("text"));
         QCOMPARE(title->text(), QStringLiteral("Searching: Mark..."));
         QCOMPARE(answers.count(), 0);
 
         ProgramSettings::instance().searchLimit = 3;
-        main->QuickSearch(QStringLiteral("text"));
+        main->SearchFor(QStringLiteral("text"));
         QCOMPARE(title->text(), QStringLiteral("First 3 results."));
         QCOMPARE(answers.prompts(), QStringList{QStringLiteral(
             "There were over a 3 results for your search,\r\nplease narrow it down or use the advanced search feature!")});
@@ -282,7 +286,7 @@ private slots:
         // Whole words: "TEXTS" is not "TEXT".
         ProgramSettings::instance().searchLimit = 100;
         program.control<QCheckBox>("chkWordSearch")->setChecked(true);
-        main->QuickSearch(QStringLiteral("tex"));
+        main->SearchFor(QStringLiteral("tex"));
         QCOMPARE(title->text(), QStringLiteral("Search results for \"tex\" (0 matches)"));
     }
 

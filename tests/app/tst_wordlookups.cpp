@@ -173,15 +173,15 @@ private slots:
                  QStringLiteral("Genesis :1 In the beginning God{H430} created{H1254} the heaven.\r\n\r\n"
                                 "Genesis 2:1 Thus God{H430} finished.\r\n\r\n"));
         // Not a number: said so, nothing searched.
-        program.main()->StrongConcordance(QStringLiteral("430"));
+        program.main()->ShowConcordance(QStringLiteral("430"));
         QCOMPARE(answers.count(), 1);
         QVERIFY(answers.last().prompt.contains(QStringLiteral("is not a Strong's number")));
 
         // A translation without numbers: the tagged one is searched, and the title says so.
         program.main()->LoadTranslation(QStringLiteral("PLAIN"));
-        program.main()->StrongConcordance(QStringLiteral("G26"));
+        program.main()->ShowConcordance(QStringLiteral("G26"));
         QCOMPARE(title->text(), QStringLiteral("Search results for \"G26\" in Tagged Version (0 matches)"));
-        program.main()->StrongConcordance(QStringLiteral("H1254"));
+        program.main()->ShowConcordance(QStringLiteral("H1254"));
         QCOMPARE(title->text(), QStringLiteral("Search results for \"H1254\" in Tagged Version (1 matches)"));
     }
 };

@@ -28,7 +28,7 @@ public:
     void GoToReference(const QString &reference) override { references << reference; }
     void ShowPassage(const QString &rtf, const QString &title) override { shown.append({rtf, title}); }
     const clsBible &Bible() const override { return bible; }
-    void StrongConcordance(const QString &number) override { concordance << number; }
+    void ShowConcordance(const QString &number) override { concordance << number; }
 
     // A program folder whose translation "T" holds Genesis 1 and 2, three verses each
     // ("n Text of Genesis c:n"), opened in the store.

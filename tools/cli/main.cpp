@@ -22,6 +22,7 @@
 #include "settings/SettingsRecords.h"
 #include "settings/clsIni.h"
 
+#include <memory>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -183,19 +184,14 @@ int searchCommand(const clsBible &bible, const QString &folder, QStringList args
             return Problems;
         }
         // The translation asked for when it carries the numbers, else the installed one that does.
-        if (StrongConcordance::CarriesNumbers(bible)) {
-            result = StrongConcordance::Run(search, bible, number, limit);
-        } else {
-            const QString tagged = StrongConcordance::TaggedTranslation(folder);
-            if (tagged.isEmpty()) {
-                err(QStringLiteral("None of the installed translations carries Strong's numbers."));
-                return NoInput;
-            }
-            clsBible other;
-            other.setVersionPath(ProgramFile(folder, tagged));
-            result = StrongConcordance::Run(search, other, number, limit,
-                                            TranslationList::ReadHeader(ProgramFile(folder, tagged)).name);
+        std::unique_ptr<clsBible> other;
+        QString otherName;
+        const clsBible *store = StrongConcordance::StoreFor(bible, folder, QString(), other, otherName);
+        if (!store) {
+            err(QStringLiteral("None of the installed translations carries Strong's numbers."));
+            return NoInput;
         }
+        result = StrongConcordance::Run(search, *store, number, limit, otherName);
     }
     for (const SearchHit &hit : result.hits)
         out(hit.Listed());

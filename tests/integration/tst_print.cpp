@@ -56,6 +56,21 @@ QString pageText(const QString &pdf, int page)
         .simplified();
 }
 
+// The lines of text on a page below its title, without the page number.
+QStringList bodyLines(const QString &pdf, int page)
+{
+    const QString n = QString::number(page);
+    QStringList lines = run(QStringLiteral("pdftotext"), {QStringLiteral("-raw"), QStringLiteral("-f"), n,
+                                                         QStringLiteral("-l"), n, pdf, QStringLiteral("-")})
+                            .split(u'\n');
+    for (QString &line : lines)
+        line = line.simplified();
+    lines.removeAll(QString());
+    static const QRegularExpression number(QStringLiteral("^Page \\d+ of \\d+$"));
+    lines.removeIf([](const QString &line) { return number.match(line).hasMatch(); });
+    return lines.mid(1);
+}
+
 } // namespace
 
 class TestPrint : public QObject
@@ -135,6 +150,14 @@ private slots:
                      qPrintable(QStringLiteral("page %1: %2").arg(page).arg(text.left(200))));
             QVERIFY2(text.contains(QStringLiteral("Page %1 of %2").arg(page).arg(pages20)),
                      qPrintable(QStringLiteral("page %1").arg(page)));
+        }
+        // Pages break between lines, and each line is on one page only, in the PDF's text too.
+        for (int page = 1; page < pages20; ++page) {
+            const QStringList before = bodyLines(narrow, page);
+            const QStringList after = bodyLines(narrow, page + 1);
+            for (const QString &line : after)
+                QVERIFY2(!before.contains(line),
+                         qPrintable(QStringLiteral("on pages %1 and %2: %3").arg(page).arg(page + 1).arg(line)));
         }
         QVERIFY(pageText(narrow, 1).contains(QStringLiteral("Blessed are the undefiled")));
         QVERIFY(pageText(narrow, pages20)

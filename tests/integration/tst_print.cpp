@@ -22,6 +22,7 @@
 #include <QPrintPreviewWidget>
 #include <QProcess>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QRegularExpression>
 #include <QSpinBox>
 #include <QStandardPaths>
@@ -252,7 +253,7 @@ private slots:
         QCOMPARE(QFileInfo(pdf).lastModified(), written);
     }
 
-    // The preview shows as many pages as the PDF the same settings write.
+    // The preview shows as many pages as the PDF the same settings write; the range boxes show them.
     void previewMatchesPrint()
     {
         frmPrint dialog(m_view.document(), m_title);
@@ -265,6 +266,17 @@ private slots:
         job.title = m_title;
         job.margins = QMarginsF(25, 25, 25, 25);
         const int printed = platform::PrintPdf(*m_view.document(), job, pdf);
+
+        // With All chosen the range shows the whole document, also when All is chosen again.
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+        auto *from = dialog.findChild<QSpinBox *>(QStringLiteral("spnFrom"));
+        auto *to = dialog.findChild<QSpinBox *>(QStringLiteral("spnTo"));
+        QCOMPARE(QPair(from->value(), to->value()), QPair(1, printed));
+        from->setValue(2);
+        to->setValue(2);
+        QTest::mouseClick(dialog.findChild<QRadioButton *>(QStringLiteral("optAll")), Qt::LeftButton);
+        QCOMPARE(QPair(from->value(), to->value()), QPair(1, printed));
 
         int previewed = -1;
         QTimer::singleShot(0, this, [&] {

@@ -20,10 +20,13 @@
 #include <QPrinterInfo>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSignalBlocker>
 #include <QSpinBox>
 #include <QStandardPaths>
 #include <QTextDocument>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace {
 
@@ -160,6 +163,7 @@ frmPrint::frmPrint(const QTextDocument *document, const QString &title, QWidget 
     connect(cmdPreview, &QPushButton::clicked, this, &frmPrint::cmdPreview_Click);
     connect(cmdPrint, &QPushButton::clicked, this, &frmPrint::cmdPrint_Click);
     connect(cmdCancel, &QPushButton::clicked, this, &frmPrint::cmdCancel_Click);
+    connect(optAll, &QRadioButton::toggled, this, &frmPrint::showWholeRange);
     // Typing a page number means the reader wants a range.
     for (QSpinBox *spin : {spnFrom, spnTo})
         connect(spin, &QSpinBox::valueChanged, optPages, [this] { optPages->setChecked(true); });
@@ -209,6 +213,19 @@ void frmPrint::updatePageCount()
     const int pages = platform::PrintPageCount(*m_document, job(), *printer);
     lblPageCount->setText(pages == 1 ? QStringLiteral("(1 page)")
                                      : QStringLiteral("(%1 pages)").arg(pages));
+    m_pageCount = pages;
+    showWholeRange();
+}
+
+void frmPrint::showWholeRange()
+{
+    // With All chosen the range is the whole document. Set quietly: a typed number chooses Pages.
+    if (!optAll->isChecked())
+        return;
+    const QSignalBlocker fromBlocker(spnFrom);
+    const QSignalBlocker toBlocker(spnTo);
+    spnFrom->setValue(1);
+    spnTo->setValue(std::max(1, m_pageCount));
 }
 
 void frmPrint::cboPrinter_Click()

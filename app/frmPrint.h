@@ -46,6 +46,7 @@ private:
     // file will be, so that the count and the preview match what is written.
     std::unique_ptr<QPrinter> makePrinter() const;
     void updatePageCount();
+    void showWholeRange();
     QString pdfPath() const;
     bool printPdf();
     bool printOnPrinter();
@@ -55,6 +56,7 @@ private:
     const QTextDocument *m_document;
     // The file the user already agreed to replace in the save dialog.
     QString m_confirmedFile;
+    int m_pageCount = 0;
 
     QComboBox *cboPrinter = nullptr;
     QLineEdit *txtFile = nullptr;

@@ -10,8 +10,10 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <QTextLayout>
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
 
 namespace platform {
@@ -30,7 +32,9 @@ struct PageFrame
     QFont titleFont;
     QFont footerFont;
 
-    double bodyHeight() const { return height - headerHeight - footerHeight; }
+    // A whole number of pixels, so that the layout's page edges, which it keeps in fractions of a
+    // pixel, fall exactly where the pages are cut.
+    double bodyHeight() const { return std::floor(height - headerHeight - footerHeight); }
 };
 
 // Printers cannot print to the very edge: a margin smaller than the printer allows takes the
@@ -90,7 +94,47 @@ void darkenPaleText(QTextDocument &document)
     }
 }
 
-// A copy of the document laid out in pages of the body's size on the device.
+// Cuts every paragraph that runs over a page break into two at the break. With each page the
+// layout also draws the last line of a paragraph that began on the page before: cut away on
+// paper, but in a PDF's text a second time. A paragraph that starts on its page has no such line.
+// The halves stand exactly where the paragraph stood: the cut adds no space and no indent.
+void splitAtPageBreaks(QTextDocument &pages)
+{
+    const double pageHeight = pages.pageSize().height();
+    QAbstractTextDocumentLayout *layout = pages.documentLayout();
+    QList<int> cuts;
+    for (QTextBlock block = pages.begin(); block.isValid(); block = block.next()) {
+        // Asking for the block's place lays it out.
+        const double origin = layout->blockBoundingRect(block).top();
+        const QTextLayout *lines = block.layout();
+        if (!lines || lines->lineCount() < 2)
+            continue;
+        // Lines never cross a break (the layout moves them to the next page), so a line's middle
+        // tells its page.
+        const auto pageOf = [&](const QTextLine &line) {
+            return std::floor((origin + line.y() + line.height() / 2) / pageHeight);
+        };
+        for (int i = 1; i < lines->lineCount(); ++i) {
+            if (pageOf(lines->lineAt(i)) != pageOf(lines->lineAt(i - 1)))
+                cuts.append(block.position() + lines->lineAt(i).textStart());
+        }
+    }
+    // From the end, so that the positions still to cut stay where they were.
+    for (auto cut = cuts.crbegin(); cut != cuts.crend(); ++cut) {
+        QTextCursor cursor(&pages);
+        cursor.setPosition(*cut);
+        QTextBlockFormat before = cursor.blockFormat();
+        QTextBlockFormat after = before;
+        before.setBottomMargin(0);
+        after.setTopMargin(0);
+        after.setTextIndent(0);
+        cursor.setBlockFormat(before);
+        cursor.insertBlock(after);
+    }
+}
+
+// A copy of the document laid out in pages of the body's size on the device, each paragraph
+// within a page.
 std::unique_ptr<QTextDocument> layOut(const QTextDocument &document, QPagedPaintDevice &device,
                                       const PageFrame &frame)
 {
@@ -99,6 +143,7 @@ std::unique_ptr<QTextDocument> layOut(const QTextDocument &document, QPagedPaint
     copy->documentLayout()->setPaintDevice(&device);
     copy->setDocumentMargin(0);
     copy->setPageSize(QSizeF(frame.width, std::max(1.0, frame.bodyHeight())));
+    splitAtPageBreaks(*copy);
     return copy;
 }
 
@@ -125,7 +170,11 @@ void paintPage(QPainter &painter, QTextDocument &pages, const PageFrame &frame,
     painter.translate(0, frame.headerHeight - view.top());
     painter.setClipRect(view);
     QAbstractTextDocumentLayout::PaintContext context;
-    context.clip = view;
+    // The layout moves a line that would cross the foot of a page to the top of the next, so the
+    // lines of the pages around this one end or begin exactly on its edges. It draws every line
+    // that touches the clip, edges included: a clip a pixel short of both edges keeps the next
+    // page's first line off this page, where it would be cut away yet still be in the PDF's text.
+    context.clip = view.adjusted(0, 1, 0, -1);
     context.palette.setColor(QPalette::Text, Qt::black);
     pages.documentLayout()->draw(&painter, context);
     painter.restore();

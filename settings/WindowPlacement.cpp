@@ -34,6 +34,18 @@ QSize &lastFrameExtra()
 // How long after a window first shows the window manager may still be adding its frame.
 constexpr int kFrameSettleMs = 1000;
 
+// What the frame adds to a window's inner size. A maximised window may have no side borders, so
+// one of the two may be 0; a window not framed yet has neither.
+QSize frameOf(const QWidget *window)
+{
+    return window->frameGeometry().size() - window->geometry().size();
+}
+
+bool isFramed(const QSize &extra)
+{
+    return extra.width() >= 0 && extra.height() >= 0 && !extra.isNull();
+}
+
 } // namespace
 
 WindowPlacement::WindowPlacement(QWidget *window, const QString &section, int parts)
@@ -82,9 +94,10 @@ QRect WindowPlacement::availableScreen(const QRect &near) const
 
 QSize WindowPlacement::frameExtra() const
 {
-    if (m_window && m_window->isVisible()) {
-        const QSize extra = m_window->frameGeometry().size() - m_window->geometry().size();
-        if (!extra.isEmpty())
+    // A maximised window's frame is not the one it has when normal.
+    if (m_window && m_window->isVisible() && !m_window->isMaximized() && !m_window->isMinimized()) {
+        const QSize extra = frameOf(m_window);
+        if (isFramed(extra))
             return extra;
     }
     return lastFrameExtra();
@@ -144,7 +157,7 @@ void WindowPlacement::restore()
     }
     if (!ProgramSettings::instance().rememberWindows)
         return;
-    m_fixNormal = false;
+    m_fixNormal = m_settlingNormal = false;
 
     // A window kept maximised still gets its normal placement, to return to when it is restored.
     const int state = (m_parts & State) ? ini.Data(m_section, kState) : 0;
@@ -192,10 +205,10 @@ void WindowPlacement::applyOuterSize()
 {
     // The saved size is the outer one, frame included; the window is given its inner size.
     const bool shown = m_window->isVisible();
-    const QSize extra = shown ? m_window->frameGeometry().size() - m_window->geometry().size() : lastFrameExtra();
+    const QSize extra = shown ? frameOf(m_window) : lastFrameExtra();
     m_window->resize((m_wantedOuter.size() - extra).expandedTo(m_window->minimumSize()));
     // Until the window manager has framed the window, its frame may still change the outer size.
-    m_fixFrame = !shown || extra.isEmpty();
+    m_fixFrame = !shown || !isFramed(extra);
 }
 
 QList<int> WindowPlacement::handlePositions(const QSplitter *splitter) const
@@ -312,8 +325,8 @@ void WindowPlacement::settleFrame()
 {
     if (!m_fixFrame || !m_window || !m_window->isVisible())
         return;
-    const QSize extra = m_window->frameGeometry().size() - m_window->geometry().size();
-    if (extra.isEmpty()) {
+    const QSize extra = frameOf(m_window);
+    if (!isFramed(extra)) {
         // No frame yet; after a while, none is coming.
         if (m_shown.isValid() && m_shown.elapsed() >= kFrameSettleMs) {
             m_fixFrame = false;
@@ -324,12 +337,15 @@ void WindowPlacement::settleFrame()
     // Framed now: the inner size is what is left of the outer size asked for.
     m_fixFrame = false;
     QTimer::singleShot(0, this, &WindowPlacement::restoreSplitters);
-    lastFrameExtra() = extra;
     if (m_window->isMaximized() || m_window->isMinimized()) {
         // The window system gives the window back the inner size it was first shown with, which
-        // took no frame into account: it is put right when the window is made normal.
+        // may not have taken the frame into account: it is put right when the window is normal.
         m_fixNormal = true;
-    } else if (m_window->frameGeometry() != m_wantedOuter) {
+        m_maximisedOuter = m_window->frameGeometry();
+        return;
+    }
+    lastFrameExtra() = extra;
+    if (m_window->frameGeometry() != m_wantedOuter) {
         m_window->resize((m_wantedOuter.size() - extra).expandedTo(m_window->minimumSize()));
         m_window->move(m_wantedOuter.topLeft());
     }
@@ -337,11 +353,24 @@ void WindowPlacement::settleFrame()
 
 void WindowPlacement::settleNormalSize()
 {
-    if (!m_fixNormal || !m_window || !m_window->isVisible() || m_window->isMaximized() || m_window->isMinimized())
+    if (!m_fixNormal || !m_window || !m_window->isVisible())
         return;
-    m_fixNormal = false;
+    if (m_window->isMaximized() || m_window->isMinimized()) {
+        m_maximisedOuter = m_window->frameGeometry();
+        return;
+    }
+    // The window system gives the normal place, size and frame back in steps, and may say the
+    // window is normal before the first: for a short while each step is put right.
+    if (!m_settlingNormal) {
+        m_settlingNormal = true;
+        QTimer::singleShot(kFrameSettleMs, this, [this] { m_fixNormal = m_settlingNormal = false; });
+    }
+    const QSize extra = frameOf(m_window);
+    if (m_window->frameGeometry() == m_maximisedOuter || !isFramed(extra))
+        return;
+    lastFrameExtra() = extra;
     if (m_window->frameGeometry() != m_wantedOuter) {
-        m_window->resize((m_wantedOuter.size() - frameExtra()).expandedTo(m_window->minimumSize()));
+        m_window->resize((m_wantedOuter.size() - extra).expandedTo(m_window->minimumSize()));
         m_window->move(m_wantedOuter.topLeft());
     }
 }
@@ -375,9 +404,10 @@ bool WindowPlacement::eventFilter(QObject *watched, QEvent *event)
         // A frame that came or changed is taken out of the minimum size too.
         applyMinimumSize();
         settleFrame();
+        settleNormalSize();
         break;
     case QEvent::WindowStateChange:
-        // The window system may still be moving the window back to its normal place.
+        // The window system may have given the normal size back before it said so.
         if (m_fixNormal)
             QTimer::singleShot(0, this, &WindowPlacement::settleNormalSize);
         break;

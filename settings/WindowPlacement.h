@@ -104,6 +104,8 @@ private:
     QSize m_minimumOuter;      // smallest outer size, in pixels; invalid when not set
     bool m_fixFrame = false;   // the frame was not known yet when the size was set
     bool m_fixNormal = false;  // ... and the window was maximised when the frame came
+    bool m_settlingNormal = false; // ... and it has just been made normal
+    QRect m_maximisedOuter;    // where it stood maximised, in pixels
     bool m_splittersPending = false;
     QElapsedTimer m_shown;
 };

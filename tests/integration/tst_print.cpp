@@ -22,6 +22,7 @@
 #include <QPrintPreviewWidget>
 #include <QProcess>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QRegularExpression>
 #include <QSpinBox>
 #include <QStandardPaths>
@@ -54,6 +55,21 @@ QString pageText(const QString &pdf, int page)
     return run(QStringLiteral("pdftotext"), {QStringLiteral("-raw"), QStringLiteral("-f"), n,
                                              QStringLiteral("-l"), n, pdf, QStringLiteral("-")})
         .simplified();
+}
+
+// The lines of text on a page below its title, without the page number.
+QStringList bodyLines(const QString &pdf, int page)
+{
+    const QString n = QString::number(page);
+    QStringList lines = run(QStringLiteral("pdftotext"), {QStringLiteral("-raw"), QStringLiteral("-f"), n,
+                                                         QStringLiteral("-l"), n, pdf, QStringLiteral("-")})
+                            .split(u'\n');
+    for (QString &line : lines)
+        line = line.simplified();
+    lines.removeAll(QString());
+    static const QRegularExpression number(QStringLiteral("^Page \\d+ of \\d+$"));
+    lines.removeIf([](const QString &line) { return number.match(line).hasMatch(); });
+    return lines.mid(1);
 }
 
 } // namespace
@@ -135,6 +151,14 @@ private slots:
                      qPrintable(QStringLiteral("page %1: %2").arg(page).arg(text.left(200))));
             QVERIFY2(text.contains(QStringLiteral("Page %1 of %2").arg(page).arg(pages20)),
                      qPrintable(QStringLiteral("page %1").arg(page)));
+        }
+        // Pages break between lines, and each line is on one page only, in the PDF's text too.
+        for (int page = 1; page < pages20; ++page) {
+            const QStringList before = bodyLines(narrow, page);
+            const QStringList after = bodyLines(narrow, page + 1);
+            for (const QString &line : after)
+                QVERIFY2(!before.contains(line),
+                         qPrintable(QStringLiteral("on pages %1 and %2: %3").arg(page).arg(page + 1).arg(line)));
         }
         QVERIFY(pageText(narrow, 1).contains(QStringLiteral("Blessed are the undefiled")));
         QVERIFY(pageText(narrow, pages20)
@@ -229,7 +253,7 @@ private slots:
         QCOMPARE(QFileInfo(pdf).lastModified(), written);
     }
 
-    // The preview shows as many pages as the PDF the same settings write.
+    // The preview shows as many pages as the PDF the same settings write; the range boxes show them.
     void previewMatchesPrint()
     {
         frmPrint dialog(m_view.document(), m_title);
@@ -242,6 +266,17 @@ private slots:
         job.title = m_title;
         job.margins = QMarginsF(25, 25, 25, 25);
         const int printed = platform::PrintPdf(*m_view.document(), job, pdf);
+
+        // With All chosen the range shows the whole document, also when All is chosen again.
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+        auto *from = dialog.findChild<QSpinBox *>(QStringLiteral("spnFrom"));
+        auto *to = dialog.findChild<QSpinBox *>(QStringLiteral("spnTo"));
+        QCOMPARE(QPair(from->value(), to->value()), QPair(1, printed));
+        from->setValue(2);
+        to->setValue(2);
+        QTest::mouseClick(dialog.findChild<QRadioButton *>(QStringLiteral("optAll")), Qt::LeftButton);
+        QCOMPARE(QPair(from->value(), to->value()), QPair(1, printed));
 
         int previewed = -1;
         QTimer::singleShot(0, this, [&] {

@@ -5,6 +5,7 @@
 #include "scripture/basStrings.h"
 #include "settings/ProgramSettings.h"
 #include "settings/WindowPlacement.h"
+#include "settings/WindowSettings.h"
 
 #include <QCheckBox>
 #include <QEvent>
@@ -18,9 +19,6 @@
 #include <QVBoxLayout>
 
 namespace {
-// The translation being opened; empty once its window is on screen.
-const QString kOpeningKey = QStringLiteral("opening");
-
 QString programFolder()
 {
     return ProgramSettings::instance().programFolder();
@@ -78,8 +76,7 @@ bool frmLoadVersion::Form_Load()
                          vb::vbCritical | vb::vbOKOnly);
         return false;
     }
-    clsIni &ini = settings.Ini();
-    settings.rememberWindows = ini.Data(QString(), QStringLiteral("rememberwindowsetting")) != 0;
+    settings.rememberWindows = WindowSettings::Get(WindowSettings::RememberWindows);
 
     // 2. The window's own place.
     m_placement->restore();
@@ -92,7 +89,7 @@ bool frmLoadVersion::Form_Load()
     // The check box shows the saved choice before anything is opened, so opening a translation
     // from the command line keeps the user's automatic-load setting as it was.
     // Any value but 0 is on; a missing key reads as -1 and so is on too.
-    chkAutoLoad->setChecked(ini.Data(QStringLiteral("load"), QStringLiteral("autoload")) != 0);
+    chkAutoLoad->setChecked(WindowSettings::Get(WindowSettings::AutoLoad));
 
     // 4. A translation named on the command line.
     if (!m_commandLine.isEmpty()) {
@@ -106,8 +103,8 @@ bool frmLoadVersion::Form_Load()
     // 5. The translation saved for loading automatically, unless the last start never finished
     // opening it: a translation that hangs or kills the program would do so at every start.
     if (!m_opened && chkAutoLoad->isChecked()) {
-        const QString saved = ini.Text(QStringLiteral("load"), QStringLiteral("version"));
-        const QString unfinished = ini.Text(QStringLiteral("load"), kOpeningKey);
+        const QString saved = WindowSettings::Get(WindowSettings::SavedTranslation);
+        const QString unfinished = WindowSettings::Get(WindowSettings::Opening);
         if (!unfinished.isEmpty() && unfinished.compare(saved, Qt::CaseInsensitive) == 0)
             platform::MsgBox(QStringLiteral("The translation \"") + saved +
                                  QStringLiteral("\" did not finish opening the last time, so it is not opened automatically.\r\n") +
@@ -138,29 +135,27 @@ void frmLoadVersion::cmdLoad_Click()
 
 void frmLoadVersion::OpenTranslation(const QString &folder)
 {
-    ProgramSettings &settings = ProgramSettings::instance();
-    clsIni &ini = settings.Ini();
     if (!m_main) {
         m_main = new frmMain;
         m_main->setAttribute(Qt::WA_DeleteOnClose);
         connect(m_main, &frmMain::translationChosen, this, &frmLoadVersion::OpenTranslation);
     }
     // Until the window is on screen with the translation, the next start knows it is opening.
-    ini.setText(QStringLiteral("load"), kOpeningKey, folder);
+    WindowSettings::Set(WindowSettings::Opening, folder);
     // 1. The stores point at the folder (the main window's load reads it). A user who chose to
     // stay with unsaved notes stays with the translation open.
     if (!m_main->LoadTranslation(folder)) {
-        ini.setText(QStringLiteral("load"), kOpeningKey, QString());
+        WindowSettings::Set(WindowSettings::Opening, QString());
         return;
     }
     // 2. Remember the choice.
-    ini.setText(QStringLiteral("load"), QStringLiteral("version"), folder);
-    ini.setData(QStringLiteral("load"), QStringLiteral("autoload"), chkAutoLoad->isChecked() ? 1 : 0);
+    WindowSettings::Set(WindowSettings::SavedTranslation, folder);
+    WindowSettings::Set(WindowSettings::AutoLoad, chkAutoLoad->isChecked());
     // 3. Show the main window, and the verse of the day over it when the user wants it.
     m_main->show();
     m_main->ShowVerseOfDayAfterLoad();
     // Once the window has been laid out and painted, the translation has opened.
-    QTimer::singleShot(0, m_main, [] { ProgramSettings::instance().Ini().setText(QStringLiteral("load"), kOpeningKey, QString()); });
+    QTimer::singleShot(0, m_main, [] { WindowSettings::Set(WindowSettings::Opening, QString()); });
     // 4. This window's work is done; closing it keeps its place (a window never shown keeps the
     // place it was given).
     if (!m_opened) {

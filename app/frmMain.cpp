@@ -19,6 +19,7 @@
 #include "scripture/basStrings.h"
 #include "settings/ProgramSettings.h"
 #include "settings/WindowPlacement.h"
+#include "settings/WindowSettings.h"
 #include "settings/frmOptions.h"
 
 #include <QAction>
@@ -137,7 +138,7 @@ void frmMain::connectCommands()
         {m_menus->mnuReferencesProphecies, [&tools] { tools.prophecies(); }},
         {m_menus->mnuReferencesUnits, [this] { showUnitsTable(); }},
         {m_menus->mnuReferencesVerseOfDay,
-         [&tools] { tools.verseOfDay(ProgramSettings::instance().Ini().Data(QStringLiteral("verseofday"), QStringLiteral("show"))); }},
+         [&tools] { tools.verseOfDay(WindowSettings::Get(WindowSettings::VerseOfDay)); }},
         {m_menus->mnuToolsSearch, [&tools] { tools.search(); }},
         {m_menus->mnuHelpContents, [] { PassageCommands::OpenHelp(); }},
         {m_menus->mnuHelpWebSite, [] { PassageCommands::OpenWebSite(WebSite); }},
@@ -209,7 +210,7 @@ bool frmMain::LoadTranslation(const QString &folder)
 
 void frmMain::ShowVerseOfDayAfterLoad()
 {
-    const int show = ProgramSettings::instance().Ini().Data(QStringLiteral("verseofday"), QStringLiteral("show"));
+    const int show = WindowSettings::Get(WindowSettings::VerseOfDay);
     if (show != 0)
         m_tools->verseOfDay(show);
 }

@@ -4,6 +4,7 @@
 #include "platform/MsgBox.h"
 #include "platform/clsCommonOpenDialog.h"
 #include "settings/ProgramSettings.h"
+#include "settings/WindowSettings.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -309,7 +310,7 @@ bool frmPrint::printPdf()
                          vb::vbExclamation, QStringLiteral("Print"));
         return false;
     }
-    ProgramSettings::instance().Ini().setText(kSection, QStringLiteral("pdffile"), path);
+    WindowSettings::Set(WindowSettings::PrintPdfFile, path);
     return true;
 }
 
@@ -327,19 +328,14 @@ bool frmPrint::printOnPrinter()
 
 void frmPrint::loadSettings()
 {
-    clsIni &ini = ProgramSettings::instance().Ini();
-    const auto margin = [&](const QString &key) {
-        const int value = ini.Data(kSection, key);
-        return value < 0 ? kDefaultMargin : value;
-    };
-    spnTop->setValue(margin(QStringLiteral("top")));
-    spnBottom->setValue(margin(QStringLiteral("bottom")));
-    spnLeft->setValue(margin(QStringLiteral("left")));
-    spnRight->setValue(margin(QStringLiteral("right")));
+    spnTop->setValue(WindowSettings::Get(WindowSettings::PrintTop));
+    spnBottom->setValue(WindowSettings::Get(WindowSettings::PrintBottom));
+    spnLeft->setValue(WindowSettings::Get(WindowSettings::PrintLeft));
+    spnRight->setValue(WindowSettings::Get(WindowSettings::PrintRight));
 
     // The last file's folder, with a name made from this title: a new passage should not
     // overwrite the last one unasked.
-    const QString last = ini.Text(kSection, QStringLiteral("pdffile"));
+    const QString last = WindowSettings::Get(WindowSettings::PrintPdfFile);
     QString folder = last.isEmpty() ? QString() : QFileInfo(last).absolutePath();
     if (folder.isEmpty() || !QFileInfo(folder).isDir())
         folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
@@ -350,9 +346,8 @@ void frmPrint::loadSettings()
 
 void frmPrint::saveSettings() const
 {
-    clsIni &ini = ProgramSettings::instance().Ini();
-    ini.setData(kSection, QStringLiteral("top"), spnTop->value());
-    ini.setData(kSection, QStringLiteral("bottom"), spnBottom->value());
-    ini.setData(kSection, QStringLiteral("left"), spnLeft->value());
-    ini.setData(kSection, QStringLiteral("right"), spnRight->value());
+    WindowSettings::Set(WindowSettings::PrintTop, spnTop->value());
+    WindowSettings::Set(WindowSettings::PrintBottom, spnBottom->value());
+    WindowSettings::Set(WindowSettings::PrintLeft, spnLeft->value());
+    WindowSettings::Set(WindowSettings::PrintRight, spnRight->value());
 }

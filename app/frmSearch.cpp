@@ -8,6 +8,7 @@
 #include "scripture/basStrings.h"
 #include "scripture/clsBible.h"
 #include "settings/ProgramSettings.h"
+#include "settings/WindowSettings.h"
 #include "settings/WindowPlacement.h"
 #include "settings/basSettings.h"
 
@@ -148,7 +149,7 @@ void frmSearch::Form_Load()
     picProgress->setValue(0);
 
     // The books chosen last time, one "1" or "0" a book; every book the first time.
-    const QString saved = ProgramSettings::instance().Ini().Text(kSection, kBooksKey);
+    const QString saved = WindowSettings::Get(WindowSettings::SearchBooks);
     for (int i = 0; i < lstBooks->count(); ++i)
         lstBooks->item(i)->setSelected(saved.isEmpty() || (i < saved.size() && saved.at(i) == u'1'));
     showTestamentChoice();
@@ -167,7 +168,7 @@ void frmSearch::closeEvent(QCloseEvent *event)
     QString books;
     for (int i = 0; i < lstBooks->count(); ++i)
         books += lstBooks->item(i)->isSelected() ? u'1' : u'0';
-    ProgramSettings::instance().Ini().setText(kSection, kBooksKey, books);
+    WindowSettings::Set(WindowSettings::SearchBooks, books);
     QWidget::closeEvent(event);
 }
 

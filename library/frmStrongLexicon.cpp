@@ -7,6 +7,7 @@
 #include "platform/VbError.h"
 #include "scripture/basStrings.h"
 #include "settings/ProgramSettings.h"
+#include "settings/WindowSettings.h"
 #include "settings/WindowPlacement.h"
 #include "settings/basSettings.h"
 
@@ -28,7 +29,6 @@
 namespace {
 
 const QString kSection = QStringLiteral("strong");
-const QString kHighlightKey = QStringLiteral("highlightword");
 
 // A definition box that reports the word a double-click selected.
 class DefinitionBox : public QPlainTextEdit
@@ -110,8 +110,7 @@ frmStrongLexicon::frmStrongLexicon(MainWindowLink &main, QWidget *parent)
     m_placement = new WindowPlacement(this, kSection);
     m_placement->addTab(SSTab1);
     m_placement->restore();
-    chkHighlightWord->setChecked(ProgramSettings::instance().Ini().Data(kSection, kHighlightKey) ==
-                                 1);
+    chkHighlightWord->setChecked(WindowSettings::Get(WindowSettings::LexiconHighlight));
     SSTab1_Click();
 }
 
@@ -302,7 +301,6 @@ void frmStrongLexicon::hideEvent(QHideEvent *event)
 {
     // Closing, or the program hiding the window; the placement helper saves the rest.
     if (!event->spontaneous())
-        ProgramSettings::instance().Ini().setData(kSection, kHighlightKey,
-                                                  chkHighlightWord->isChecked() ? 1 : 0);
+        WindowSettings::Set(WindowSettings::LexiconHighlight, chkHighlightWord->isChecked());
     QWidget::hideEvent(event);
 }

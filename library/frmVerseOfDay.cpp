@@ -5,6 +5,7 @@
 #include "library/ReferencePassages.h"
 #include "scripture/basStrings.h"
 #include "settings/ProgramSettings.h"
+#include "settings/WindowSettings.h"
 #include "settings/WindowPlacement.h"
 #include "settings/basSettings.h"
 
@@ -93,6 +94,5 @@ void frmVerseOfDay::ShowVerse()
 
 void frmVerseOfDay::chkLoadVerseAtStartup_Click()
 {
-    ProgramSettings::instance().Ini().setData(QStringLiteral("verseofday"), QStringLiteral("show"),
-                                              chkLoadVerseAtStartup->isChecked() ? 1 : 0);
+    WindowSettings::Set(WindowSettings::VerseOfDay, chkLoadVerseAtStartup->isChecked() ? 1 : 0);
 }

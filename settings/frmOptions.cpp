@@ -3,6 +3,7 @@
 #include "platform/MsgBox.h"
 #include "platform/WinQColor.h"
 #include "settings/ProgramSettings.h"
+#include "settings/WindowSettings.h"
 #include "settings/basSettings.h"
 
 #include <QCheckBox>
@@ -124,7 +125,7 @@ frmOptions::frmOptions(const QList<InstalledTranslation> &translations, const QS
         if (t.folder.compare(currentFolder, Qt::CaseInsensitive) == 0)
             lstVersions->setCurrentRow(lstVersions->count() - 1);
     }
-    chkAutoLoad->setChecked(settings.Ini().Data(QStringLiteral("load"), QStringLiteral("autoload")) != 0);
+    chkAutoLoad->setChecked(WindowSettings::Get(WindowSettings::AutoLoad));
 }
 
 QLabel *frmOptions::makeSwatch(const char *name, const QString &tip)
@@ -377,16 +378,15 @@ void frmOptions::cmdSaveSettings_Click()
         return;
     }
     ProgramSettings &settings = ProgramSettings::instance();
-    clsIni &ini = settings.Ini();
-    ini.setData(QString(), QStringLiteral("rememberwindowsetting"), chkRememberWindowSetting->isChecked() ? 1 : 0);
+    WindowSettings::Set(WindowSettings::RememberWindows, chkRememberWindowSetting->isChecked());
     settings.general.lineBreaks = chkLineBreaks->isChecked() ? -1 : 0;
     settings.general.maxSearchResults = *maximum;
     settings.writeGeneralSettings();
-    ini.setData(QStringLiteral("load"), QStringLiteral("autoload"), chkAutoLoad->isChecked() ? 1 : 0);
+    WindowSettings::Set(WindowSettings::AutoLoad, chkAutoLoad->isChecked());
     // With no translation chosen the saved one stays.
     const int row = lstVersions->currentRow();
     if (row >= 0 && row < m_translations.size())
-        ini.setText(QStringLiteral("load"), QStringLiteral("version"), m_translations.at(row).folder);
+        WindowSettings::Set(WindowSettings::SavedTranslation, m_translations.at(row).folder);
     settings.rememberWindows = chkRememberWindowSetting->isChecked();
     settings.display.navigation = m_navigation;
     settings.display.passage = m_passage;

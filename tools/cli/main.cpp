@@ -20,6 +20,7 @@
 #include "scripture/clsBible.h"
 #include "settings/ProgramSettings.h"
 #include "settings/SettingsRecords.h"
+#include "settings/WindowSettings.h"
 #include "settings/clsIni.h"
 
 #include <memory>
@@ -78,7 +79,7 @@ QString defaultTranslation(const QString &folder)
 {
     clsIni ini;
     if (ini.Create(ProgramFile(folder, QStringLiteral("window.ini")))) {
-        const QString saved = ini.Text(QStringLiteral("load"), QStringLiteral("version"));
+        const QString saved = WindowSettings::Get(ini, WindowSettings::SavedTranslation);
         if (!saved.isEmpty() && basStrings::FileExists(ProgramFile(ProgramFile(folder, saved), QStringLiteral("bible.dat"))))
             return saved;
     }

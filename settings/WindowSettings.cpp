@@ -1,0 +1,61 @@
+#include "settings/WindowSettings.h"
+
+#include "settings/ProgramSettings.h"
+#include "settings/clsIni.h"
+
+namespace WindowSettings {
+
+namespace {
+QString s(const char16_t *text)
+{
+    return QString::fromUtf16(text);
+}
+clsIni &store()
+{
+    return ProgramSettings::instance().Ini();
+}
+} // namespace
+
+bool Get(const clsIni &ini, const Flag &flag)
+{
+    const int value = ini.Data(s(flag.section), s(flag.key));
+    return value == -1 ? flag.missing : value != 0;
+}
+
+QString Get(const clsIni &ini, const Text &text)
+{
+    return ini.Text(s(text.section), s(text.key));
+}
+
+bool Get(const Flag &flag)
+{
+    return Get(store(), flag);
+}
+
+int Get(const Number &number)
+{
+    const int value = store().Data(s(number.section), s(number.key));
+    return value < 0 ? number.missing : value;
+}
+
+QString Get(const Text &text)
+{
+    return Get(store(), text);
+}
+
+void Set(const Flag &flag, bool on)
+{
+    store().setData(s(flag.section), s(flag.key), on ? 1 : 0);
+}
+
+void Set(const Number &number, int value)
+{
+    store().setData(s(number.section), s(number.key), value);
+}
+
+void Set(const Text &text, const QString &value)
+{
+    store().setText(s(text.section), s(text.key), value);
+}
+
+} // namespace WindowSettings

@@ -31,8 +31,6 @@
 
 namespace {
 
-const QString kSection = QStringLiteral("print");
-constexpr int kDefaultMargin = 20;
 
 QSpinBox *makeSpin(const QString &name, int minimum, int maximum, QWidget *parent)
 {

@@ -27,7 +27,6 @@
 
 namespace {
 const QString kSection = QStringLiteral("search");
-const QString kBooksKey = QStringLiteral("books");
 } // namespace
 
 frmSearch::frmSearch(MainWindowLink &main, QWidget *parent) : QWidget(parent, Qt::Window), m_main(main)

@@ -1,6 +1,7 @@
 #include "bookmarks/frmOrganizeBookmarks.h"
 
 #include "bookmarks/BookmarkFile.h"
+#include "platform/ListRows.h"
 #include "platform/MsgBox.h"
 #include "settings/ProgramSettings.h"
 #include "settings/WindowPlacement.h"
@@ -103,8 +104,7 @@ frmOrganizeBookmarks::frmOrganizeBookmarks(const QStringList &captions, QStringL
 
 int frmOrganizeBookmarks::selectedRow() const
 {
-    const QList<QListWidgetItem *> selected = lstBookmarks->selectedItems();
-    return selected.isEmpty() ? -1 : lstBookmarks->row(selected.first());
+    return platform::ChosenRow(lstBookmarks);
 }
 
 QString frmOrganizeBookmarks::referenceItem(int k) const

@@ -19,9 +19,3 @@ void FitListToNames(QListWidget *list, int limit)
                        2 * list->frameWidth() + 4;
     list->setMinimumWidth(qMin(wanted, limit));
 }
-
-int ChosenRow(const QListWidget *list)
-{
-    const QList<QListWidgetItem *> chosen = list->selectedItems();
-    return chosen.isEmpty() ? -1 : list->row(chosen.first());
-}

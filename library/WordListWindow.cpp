@@ -10,6 +10,8 @@
 #include "settings/WindowPlacement.h"
 #include "settings/basSettings.h"
 
+#include "platform/ListRows.h"
+
 #include <QCoreApplication>
 #include <QGridLayout>
 #include <QLabel>
@@ -23,12 +25,6 @@ namespace {
 
 const QString kFound = QStringLiteral("Found!!!");
 
-void useVerdana(QWidget *control)
-{
-    QFont font = control->font();
-    font.setFamily(QStringLiteral("Verdana"));
-    control->setFont(font);
-}
 
 } // namespace
 
@@ -43,7 +39,7 @@ WordListWindow::WordListWindow(const WordListWindowTexts &texts, QWidget *parent
     txtWord = new QLineEdit(this);
     txtWord->setObjectName(QStringLiteral("txtWord"));
     txtWord->setToolTip(m_texts.wordTip);
-    useVerdana(txtWord);
+    platform::UseVerdana(txtWord);
     auto *lblWord = new QLabel(m_texts.wordLabel, this);
     lblWord->setBuddy(txtWord);
     cmdFind = new QPushButton(QStringLiteral("Find"), this);
@@ -57,7 +53,7 @@ WordListWindow::WordListWindow(const WordListWindowTexts &texts, QWidget *parent
     txtDefinition->setObjectName(QStringLiteral("txtDefinition"));
     txtDefinition->setToolTip(QStringLiteral("Result of search"));
     txtDefinition->setReadOnly(true);
-    useVerdana(txtDefinition);
+    platform::UseVerdana(txtDefinition);
     lblStatus = new QLabel(this);
     lblStatus->setObjectName(QStringLiteral("lblStatus"));
 

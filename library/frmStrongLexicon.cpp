@@ -11,6 +11,8 @@
 #include "settings/WindowPlacement.h"
 #include "settings/basSettings.h"
 
+#include "platform/ListRows.h"
+
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QHideEvent>
@@ -46,12 +48,6 @@ protected:
     }
 };
 
-void useVerdana(QWidget *control)
-{
-    QFont font = control->font();
-    font.setFamily(QStringLiteral("Verdana"));
-    control->setFont(font);
-}
 
 } // namespace
 
@@ -120,7 +116,7 @@ QWidget *frmStrongLexicon::buildTab(Tab &tab, const char *word, const char *find
     auto *page = new QWidget;
     tab.word = new QLineEdit(page);
     tab.word->setObjectName(QLatin1String(word));
-    useVerdana(tab.word);
+    platform::UseVerdana(tab.word);
     auto *label = new QLabel(QStringLiteral("Enter the word or its strong's number below:"), page);
     label->setBuddy(tab.word);
     tab.find = new QPushButton(QStringLiteral("Find"), page);
@@ -134,7 +130,7 @@ QWidget *frmStrongLexicon::buildTab(Tab &tab, const char *word, const char *find
     tab.definition->setObjectName(QLatin1String(definition));
     tab.definition->setToolTip(QStringLiteral("Search results"));
     tab.definition->setReadOnly(true);
-    useVerdana(tab.definition);
+    platform::UseVerdana(tab.definition);
     // The line starts with a number and the Hebrew word: left to right, or the Hebrew would turn
     // the whole paragraph round.
     QTextOption direction = tab.definition->document()->defaultTextOption();
@@ -166,8 +162,7 @@ void frmStrongLexicon::ShowNumber(const QString &strongNumber)
 
 int frmStrongLexicon::selectedRow(Language language)
 {
-    const QList<QListWidgetItem *> selected = tab(language).list->selectedItems();
-    return selected.isEmpty() ? -1 : tab(language).list->row(selected.first());
+    return platform::ChosenRow(tab(language).list);
 }
 
 void frmStrongLexicon::SSTab1_Click()

@@ -63,7 +63,7 @@ bool frmLoadVersion::holdsTranslation(const QString &folder) const
     const QString target = QDir::cleanPath(root + u'/' + QDir::fromNativeSeparators(QString(folder).replace(u'\\', u'/')));
     if (!target.startsWith(root + u'/'))
         return false;
-    return basStrings::FileExists(basStrings::JoinPath(target, QStringLiteral("bible.dat")));
+    return TranslationList::IsTranslation(target);
 }
 
 bool frmLoadVersion::Form_Load()

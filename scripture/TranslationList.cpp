@@ -22,6 +22,11 @@ Header ReadHeader(const QString &translationFolder)
     return header;
 }
 
+bool IsTranslation(const QString &folderPath)
+{
+    return basStrings::FileExists(basStrings::JoinPath(folderPath, QStringLiteral("bible.dat")));
+}
+
 QList<InstalledTranslation> List(const QString &programFolder)
 {
     QDir dir(platform::ResolvePath(programFolder));

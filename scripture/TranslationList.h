@@ -15,6 +15,9 @@ namespace TranslationList {
 
 QList<InstalledTranslation> List(const QString &programFolder);
 
+// Whether a folder is a translation: it holds a "bible.dat" (in any case).
+bool IsTranslation(const QString &folderPath);
+
 // The three lines of a translation's bible.dat (name, first and second testament labels); missing
 // lines are empty.
 struct Header

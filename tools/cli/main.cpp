@@ -80,7 +80,7 @@ QString defaultTranslation(const QString &folder)
     clsIni ini;
     if (ini.Create(ProgramFile(folder, QStringLiteral("window.ini")))) {
         const QString saved = WindowSettings::Get(ini, WindowSettings::SavedTranslation);
-        if (!saved.isEmpty() && basStrings::FileExists(ProgramFile(ProgramFile(folder, saved), QStringLiteral("bible.dat"))))
+        if (!saved.isEmpty() && TranslationList::IsTranslation(ProgramFile(folder, saved)))
             return saved;
     }
     const QList<InstalledTranslation> installed = TranslationList::List(folder);
@@ -340,7 +340,7 @@ int main(int argc, char **argv)
     if (translation.isEmpty())
         translation = defaultTranslation(folder);
     QString translationPath = QDir::isAbsolutePath(translation) ? translation : ProgramFile(folder, translation);
-    if (translation.isEmpty() || !basStrings::FileExists(ProgramFile(translationPath, QStringLiteral("bible.dat")))) {
+    if (translation.isEmpty() || !TranslationList::IsTranslation(translationPath)) {
         err(QStringLiteral("No translation \"%1\" in %2 (a translation folder holds bible.dat).")
                 .arg(translation, QDir::toNativeSeparators(folder)));
         return NoInput;

@@ -232,8 +232,10 @@ bool clsIni::writeValue(const QString &sSection_, const QString &sKey_, const QS
     std::optional<IniFile> file = readIni(sFile);
     if (!file && platform::FileExists(sFile))
         failure = QStringLiteral("The file could not be read.");
+    const bool existed = file.has_value();
     if (!file)
         file.emplace();
+    const QByteArray before = existed ? iniBytes(*file) : QByteArray();
 
     if (failure.isEmpty()) {
         QList<IniLine> &lines = file->lines;
@@ -255,7 +257,10 @@ bool clsIni::writeValue(const QString &sSection_, const QString &sKey_, const QS
                 lines.append(keyLine);
             }
         }
-        failure = platform::WriteFileAtomically(sFile, iniBytes(*file));
+        // A value written as it already stands changes nothing; the disk is spared a save.
+        const QByteArray after = iniBytes(*file);
+        if (!existed || after != before)
+            failure = platform::WriteFileAtomically(sFile, after);
     }
 
     if (failure.isEmpty()) {

@@ -45,6 +45,19 @@ class TestMainWindow : public QObject
         return ProgramSettings::instance().Ini().Text(section, key);
     }
 
+    // The window opened on TEST, the reader's way.
+    void openTest(ProgramHarness &program)
+    {
+        writeIni("[load]\r\nautoload=0\r\n");
+        QVERIFY(program.start(QStringLiteral("TEST")));
+    }
+
+    void getReference(const ProgramHarness &program, const QString &typed)
+    {
+        program.control<QLineEdit>("txtReference")->setText(typed);
+        QTest::keyClick(program.control<QLineEdit>("txtReference"), Qt::Key_Return);
+    }
+
 private slots:
     void initTestCase()
     {
@@ -147,31 +160,30 @@ private slots:
         }
     }
 
-    void navigation()
+    void listsShowChapters()
     {
-        writeIni("[load]\r\nautoload=0\r\n");
         platform::MsgBoxAnswerer answers;
         ProgramHarness program(m_dir.path());
-        program.start(QStringLiteral("TEST"));
-        frmMain *main = program.main();
-        QVERIFY(main);
-
+        openTest(program);
         // The first chapter of the Bible is on display after start-up.
         QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("GENESIS 1"));
 
         chooseTestament(program, 1);
         QCOMPARE(program.control<QListWidget>("lstBooks")->count(), 27);
-        QCOMPARE(program.control<QListWidget>("lstBooks")->item(0)->text(), main->Bible().BookName(40));
-
+        QCOMPARE(program.control<QListWidget>("lstBooks")->item(0)->text(), program.main()->Bible().BookName(40));
         program.control<QListWidget>("lstBooks")->setCurrentRow(3); // John
         QCOMPARE(program.control<QListWidget>("lstChapters")->count(), 3);
         program.control<QListWidget>("lstChapters")->setCurrentRow(1);
         QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("JOHN 2"));
-        QCOMPARE(program.control<QLabel>("lbltitle")->text(), main->Bible().Standard());
+        QCOMPARE(program.control<QLabel>("lbltitle")->text(), program.main()->Bible().Standard());
         QVERIFY(program.control<platform::RichTextBox>("rtfPassage")->Text().startsWith(QStringLiteral("JOHN 2\r\n1 Text of John 2:1\r\n")));
+    }
 
-        // "Get it" moves the lists to the passage.
-        chooseTestament(program, 0);
+    void getItMovesTheLists()
+    {
+        platform::MsgBoxAnswerer answers;
+        ProgramHarness program(m_dir.path());
+        openTest(program);
         program.control<QLineEdit>("txtReference")->setText(QStringLiteral("jn 3:16"));
         QTest::mouseClick(program.control<QPushButton>("cmdGet"), Qt::LeftButton);
         QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("JOHN 3:16"));
@@ -179,10 +191,16 @@ private slots:
         QCOMPARE(program.control<QComboBox>("cmbTestaments")->currentIndex(), 1);
         QCOMPARE(program.control<QListWidget>("lstBooks")->currentItem()->text(), QStringLiteral("John"));
         QCOMPARE(program.control<QListWidget>("lstChapters")->currentItem()->text(), QStringLiteral("3"));
+    }
 
+    void unknownBookOrChapter()
+    {
+        platform::MsgBoxAnswerer answers;
+        ProgramHarness program(m_dir.path());
+        openTest(program);
+        getReference(program, QStringLiteral("John 3:16"));
         // An unknown book: empty view, the lists stay, the title keeps the last passage.
-        program.control<QLineEdit>("txtReference")->setText(QStringLiteral("Hezekiah 4:1"));
-        QTest::keyClick(program.control<QLineEdit>("txtReference"), Qt::Key_Return);
+        getReference(program, QStringLiteral("Hezekiah 4:1"));
         QVERIFY(program.control<platform::RichTextBox>("rtfPassage")->Text().isEmpty());
         QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("JOHN 3:16"));
         QCOMPARE(program.control<QListWidget>("lstBooks")->currentItem()->text(), QStringLiteral("John"));
@@ -190,32 +208,32 @@ private slots:
         // A known book with no such chapter: the title names the book, not the last one shown;
         // "Mal 0,3" then goes on in Malachi.
         for (const auto &[typed, title] : {std::pair{"Gen x", "GENESIS 0"}, std::pair{"Mal 0,3", "MALACHI 3"}}) {
-            program.control<QLineEdit>("txtReference")->setText(QLatin1String(typed));
-            QTest::keyClick(program.control<QLineEdit>("txtReference"), Qt::Key_Return);
+            getReference(program, QLatin1String(typed));
             QCOMPARE(program.control<QLabel>("lbltitle")->text(), QLatin1String(title));
         }
         QVERIFY(program.control<platform::RichTextBox>("rtfPassage")->Text().startsWith(QStringLiteral("MALACHI 3")));
-        main->GoToReference(QStringLiteral("John 3:16"));
+    }
 
-        // Features whose data files are missing are not offered.
+    void anotherTranslationKeepsThePlace()
+    {
+        platform::MsgBoxAnswerer answers;
+        ProgramHarness program(m_dir.path());
+        openTest(program);
+        // Features whose data files are missing are not offered, until the next load finds them.
         QVERIFY(!program.control<QAction>("mnuReferencesStrong")->isEnabled());
         QVERIFY(!program.control<QAction>("mnuReferencesDictionary")->isVisible());
         writeFile(m_dir.path() + QStringLiteral("/Strong/HEBREW.dat"), "H1|a|b|c\r\n");
         writeFile(m_dir.path() + QStringLiteral("/dictionary.dat"), "header\r\n");
 
-        // Another translation from the menu opens at the same book and chapter.
         QAction *small = nullptr;
         for (QAction *entry : program.control<QMenu>("mnuTranslations")->actions())
             if (entry->text() == QStringLiteral("Small Version"))
                 small = entry;
         QVERIFY(small);
         QVERIFY(!small->isChecked());
-        QTest::mouseClick(program.control<QPushButton>("cmdGet"), Qt::LeftButton);
-        QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("JOHN 3:16"));
-        program.control<QLineEdit>("txtReference")->setText(QStringLiteral("Mark 1"));
-        QTest::mouseClick(program.control<QPushButton>("cmdGet"), Qt::LeftButton);
+        getReference(program, QStringLiteral("Mark 1"));
         small->trigger();
-        QCOMPARE(main->windowTitle(), QStringLiteral("Small Version - Quillstone Bible 1.0.0"));
+        QCOMPARE(program.main()->windowTitle(), QStringLiteral("Small Version - Quillstone Bible 1.0.0"));
         QCOMPARE(program.control<QListWidget>("lstBooks")->currentItem()->text(), QStringLiteral("Mark"));
         QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("MARK 1"));
         QVERIFY(program.control<QAction>("mnuReferencesStrong")->isEnabled());

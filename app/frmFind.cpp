@@ -13,20 +13,20 @@ frmFind::frmFind(std::function<platform::RichTextBox *()> target, QWidget *paren
     : QDialog(parent), m_target(std::move(target))
 {
     setObjectName(QStringLiteral("frmFind"));
-    setWindowTitle(QStringLiteral("Find within results"));
+    setWindowTitle(tr("Find within results"));
 
-    auto *label = new QLabel(QStringLiteral("&Search for:"));
+    auto *label = new QLabel(tr("&Search for:"));
     txtSearch = new QLineEdit;
     txtSearch->setObjectName(QStringLiteral("txtSearch"));
-    txtSearch->setToolTip(QStringLiteral("Enter word to search for"));
+    txtSearch->setToolTip(tr("Enter word to search for"));
     label->setBuddy(txtSearch);
-    chkWordSearch = new QCheckBox(QStringLiteral("&Word Search"));
+    chkWordSearch = new QCheckBox(tr("&Word Search"));
     chkWordSearch->setObjectName(QStringLiteral("chkWordSearch"));
-    cmdFind = new QPushButton(QStringLiteral("&Find"));
+    cmdFind = new QPushButton(tr("&Find"));
     cmdFind->setObjectName(QStringLiteral("cmdFind"));
-    cmdFind->setToolTip(QStringLiteral("Click here to start search"));
+    cmdFind->setToolTip(tr("Click here to start search"));
     cmdFind->setDefault(true);
-    cmdCancel = new QPushButton(QStringLiteral("Cancel"));
+    cmdCancel = new QPushButton(tr("Cancel"));
     cmdCancel->setObjectName(QStringLiteral("cmdCancel"));
 
     auto *layout = new QGridLayout(this);
@@ -58,7 +58,7 @@ void frmFind::cmdFind_Click()
     const qsizetype found = target->Text().indexOf(term, start - 1, Qt::CaseInsensitive);
     if (found < 0) {
         // 6. From the top at the next press.
-        platform::MsgBox(QStringLiteral("No (more) results were found"));
+        platform::MsgBox(tr("No (more) results were found"));
         target->setSelStart(1);
         return;
     }

@@ -29,15 +29,15 @@ frmLoadVersion::frmLoadVersion(const QString &commandLine, QWidget *parent)
     : QDialog(parent), m_commandLine(commandLine)
 {
     setObjectName(QStringLiteral("frmLoadVersion"));
-    setWindowTitle(QStringLiteral("Quillstone Bible System"));
+    setWindowTitle(tr("Quillstone Bible System"));
     auto *layout = new QVBoxLayout(this);
-    auto *label = new QLabel(QStringLiteral("Choose a &translation to open:"), this);
+    auto *label = new QLabel(tr("Choose a &translation to open:"), this);
     lstVersions = new QListWidget(this);
     lstVersions->setObjectName(QStringLiteral("lstVersions"));
     label->setBuddy(lstVersions);
-    chkAutoLoad = new QCheckBox(QStringLiteral("&Open this translation automatically next time"), this);
+    chkAutoLoad = new QCheckBox(tr("&Open this translation automatically next time"), this);
     chkAutoLoad->setObjectName(QStringLiteral("chkAutoLoad"));
-    cmdLoad = new QPushButton(QStringLiteral("&Load"), this);
+    cmdLoad = new QPushButton(tr("&Load"), this);
     cmdLoad->setObjectName(QStringLiteral("cmdLoad"));
     cmdLoad->setDefault(true);
     layout->addWidget(label);
@@ -71,8 +71,8 @@ bool frmLoadVersion::Form_Load()
     ProgramSettings &settings = ProgramSettings::instance();
     // 1. Nothing starts without the settings file.
     if (!settings.CreateIni()) {
-        platform::MsgBox(QStringLiteral("Unable to launch because 'window.ini' is missing from the program's directory!\r\n") +
-                             QStringLiteral("Reinstall the program to repair the problem"),
+        platform::MsgBox(tr("Unable to launch because 'window.ini' is missing from the program's directory!\r\n") +
+                             tr("Reinstall the program to repair the problem"),
                          vb::vbCritical | vb::vbOKOnly);
         return false;
     }
@@ -96,7 +96,7 @@ bool frmLoadVersion::Form_Load()
         if (holdsTranslation(m_commandLine))
             OpenTranslation(m_commandLine);
         else
-            platform::MsgBox(QStringLiteral("An invalid version path was supplied at the command line, ignoring it and resuming"),
+            platform::MsgBox(tr("An invalid version path was supplied at the command line, ignoring it and resuming"),
                              vb::vbCritical | vb::vbOKOnly);
     }
 
@@ -106,14 +106,14 @@ bool frmLoadVersion::Form_Load()
         const QString saved = WindowSettings::Get(WindowSettings::SavedTranslation);
         const QString unfinished = WindowSettings::Get(WindowSettings::Opening);
         if (!unfinished.isEmpty() && unfinished.compare(saved, Qt::CaseInsensitive) == 0)
-            platform::MsgBox(QStringLiteral("The translation \"") + saved +
-                                 QStringLiteral("\" did not finish opening the last time, so it is not opened automatically.\r\n") +
-                                 QStringLiteral("Choose the translation to open."),
+            platform::MsgBox(tr("The translation \"") + saved +
+                                 tr("\" did not finish opening the last time, so it is not opened automatically.\r\n") +
+                                 tr("Choose the translation to open."),
                              vb::vbExclamation | vb::vbOKOnly);
         else if (holdsTranslation(saved))
             OpenTranslation(saved);
         else
-            platform::MsgBox(QStringLiteral("An invalid version path was saved in the settings, ignoring and resuming"),
+            platform::MsgBox(tr("An invalid version path was saved in the settings, ignoring and resuming"),
                              vb::vbCritical | vb::vbOKOnly);
     }
     return true;
@@ -122,12 +122,12 @@ bool frmLoadVersion::Form_Load()
 void frmLoadVersion::cmdLoad_Click()
 {
     if (lstVersions->count() == 0) {
-        platform::MsgBox(QStringLiteral("There are no available translations installed!"));
+        platform::MsgBox(tr("There are no available translations installed!"));
         return;
     }
     const int row = lstVersions->currentRow();
     if (row < 0 || !lstVersions->currentItem()->isSelected()) {
-        platform::MsgBox(QStringLiteral("Please select a translation first"));
+        platform::MsgBox(tr("Please select a translation first"));
         return;
     }
     OpenTranslation(m_translations.at(row).folder);

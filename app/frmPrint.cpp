@@ -57,7 +57,7 @@ frmPrint::frmPrint(const QTextDocument *document, const QString &title, QWidget 
     : QDialog(parent), m_document(document)
 {
     setObjectName(QStringLiteral("frmPrint"));
-    setWindowTitle(QStringLiteral("Print"));
+    setWindowTitle(tr("Print"));
 
     cboPrinter = new QComboBox(this);
     cboPrinter->setObjectName(QStringLiteral("cboPrinter"));
@@ -71,23 +71,23 @@ frmPrint::frmPrint(const QTextDocument *document, const QString &title, QWidget 
     txtFile = new QLineEdit(this);
     txtFile->setObjectName(QStringLiteral("txtFile"));
     txtFile->setMinimumWidth(280);
-    cmdBrowse = new QPushButton(QStringLiteral("&Browse..."), this);
+    cmdBrowse = new QPushButton(tr("&Browse..."), this);
     cmdBrowse->setObjectName(QStringLiteral("cmdBrowse"));
 
-    auto *printerBox = new QGroupBox(QStringLiteral("Printer"), this);
+    auto *printerBox = new QGroupBox(tr("Printer"), this);
     auto *printerForm = new QFormLayout(printerBox);
-    printerForm->addRow(QStringLiteral("&Name:"), cboPrinter);
+    printerForm->addRow(tr("&Name:"), cboPrinter);
     auto *fileRow = new QHBoxLayout;
     fileRow->addWidget(txtFile, 1);
     fileRow->addWidget(cmdBrowse);
-    auto *fileLabel = new QLabel(QStringLiteral("&File:"), printerBox);
+    auto *fileLabel = new QLabel(tr("&File:"), printerBox);
     fileLabel->setBuddy(txtFile);
     printerForm->addRow(fileLabel, fileRow);
 
-    optAll = new QRadioButton(QStringLiteral("&All"), this);
+    optAll = new QRadioButton(tr("&All"), this);
     optAll->setObjectName(QStringLiteral("optAll"));
     optAll->setChecked(true);
-    optPages = new QRadioButton(QStringLiteral("Pa&ges"), this);
+    optPages = new QRadioButton(tr("Pa&ges"), this);
     optPages->setObjectName(QStringLiteral("optPages"));
     spnFrom = makeSpin(QStringLiteral("spnFrom"), 1, 9999, this);
     spnTo = makeSpin(QStringLiteral("spnTo"), 1, 9999, this);
@@ -96,16 +96,16 @@ frmPrint::frmPrint(const QTextDocument *document, const QString &title, QWidget 
     spnCopies = makeSpin(QStringLiteral("spnCopies"), 1, 999, this);
     spnCopies->setValue(1);
 
-    auto *pagesBox = new QGroupBox(QStringLiteral("Pages"), this);
+    auto *pagesBox = new QGroupBox(tr("Pages"), this);
     auto *pagesGrid = new QGridLayout(pagesBox);
     pagesGrid->addWidget(optAll, 0, 0);
     pagesGrid->addWidget(lblPageCount, 0, 1, 1, 4);
     pagesGrid->addWidget(optPages, 1, 0);
-    pagesGrid->addWidget(new QLabel(QStringLiteral("from"), pagesBox), 1, 1);
+    pagesGrid->addWidget(new QLabel(tr("from"), pagesBox), 1, 1);
     pagesGrid->addWidget(spnFrom, 1, 2);
-    pagesGrid->addWidget(new QLabel(QStringLiteral("to"), pagesBox), 1, 3);
+    pagesGrid->addWidget(new QLabel(tr("to"), pagesBox), 1, 3);
     pagesGrid->addWidget(spnTo, 1, 4);
-    auto *copiesLabel = new QLabel(QStringLiteral("&Copies:"), pagesBox);
+    auto *copiesLabel = new QLabel(tr("&Copies:"), pagesBox);
     copiesLabel->setBuddy(spnCopies);
     pagesGrid->addWidget(copiesLabel, 2, 0);
     pagesGrid->addWidget(spnCopies, 2, 2);
@@ -114,7 +114,7 @@ frmPrint::frmPrint(const QTextDocument *document, const QString &title, QWidget 
     spnBottom = makeSpin(QStringLiteral("spnBottom"), 0, 80, this);
     spnLeft = makeSpin(QStringLiteral("spnLeft"), 0, 80, this);
     spnRight = makeSpin(QStringLiteral("spnRight"), 0, 80, this);
-    auto *marginsBox = new QGroupBox(QStringLiteral("Margins (mm)"), this);
+    auto *marginsBox = new QGroupBox(tr("Margins (mm)"), this);
     auto *marginsGrid = new QGridLayout(marginsBox);
     const auto addMargin = [&](const QString &caption, QSpinBox *spin, int row, int column) {
         auto *label = new QLabel(caption, marginsBox);
@@ -122,22 +122,22 @@ frmPrint::frmPrint(const QTextDocument *document, const QString &title, QWidget 
         marginsGrid->addWidget(label, row, column);
         marginsGrid->addWidget(spin, row, column + 1);
     };
-    addMargin(QStringLiteral("&Top:"), spnTop, 0, 0);
-    addMargin(QStringLiteral("&Bottom:"), spnBottom, 0, 2);
-    addMargin(QStringLiteral("&Left:"), spnLeft, 1, 0);
-    addMargin(QStringLiteral("&Right:"), spnRight, 1, 2);
+    addMargin(tr("&Top:"), spnTop, 0, 0);
+    addMargin(tr("&Bottom:"), spnBottom, 0, 2);
+    addMargin(tr("&Left:"), spnLeft, 1, 0);
+    addMargin(tr("&Right:"), spnRight, 1, 2);
 
     txtTitle = new QLineEdit(title, this);
     txtTitle->setObjectName(QStringLiteral("txtTitle"));
     auto *titleRow = new QFormLayout;
-    titleRow->addRow(QStringLiteral("T&itle line:"), txtTitle);
+    titleRow->addRow(tr("T&itle line:"), txtTitle);
 
-    cmdPreview = new QPushButton(QStringLiteral("Pre&view..."), this);
+    cmdPreview = new QPushButton(tr("Pre&view..."), this);
     cmdPreview->setObjectName(QStringLiteral("cmdPreview"));
-    cmdPrint = new QPushButton(QStringLiteral("&Print"), this);
+    cmdPrint = new QPushButton(tr("&Print"), this);
     cmdPrint->setObjectName(QStringLiteral("cmdPrint"));
     cmdPrint->setDefault(true);
-    cmdCancel = new QPushButton(QStringLiteral("Cancel"), this);
+    cmdCancel = new QPushButton(tr("Cancel"), this);
     cmdCancel->setObjectName(QStringLiteral("cmdCancel"));
     auto *buttons = new QHBoxLayout;
     buttons->addWidget(cmdPreview);
@@ -210,8 +210,8 @@ void frmPrint::updatePageCount()
 {
     const std::unique_ptr<QPrinter> printer = makePrinter();
     const int pages = platform::PrintPageCount(*m_document, job(), *printer);
-    lblPageCount->setText(pages == 1 ? QStringLiteral("(1 page)")
-                                     : QStringLiteral("(%1 pages)").arg(pages));
+    lblPageCount->setText(pages == 1 ? tr("(1 page)")
+                                     : tr("(%1 pages)").arg(pages));
     m_pageCount = pages;
     showWholeRange();
 }
@@ -238,7 +238,7 @@ void frmPrint::cboPrinter_Click()
 void frmPrint::cmdBrowse_Click()
 {
     clsCommonOpenDialog dialog;
-    dialog.setDialogtitle(QStringLiteral("Print to PDF File"));
+    dialog.setDialogtitle(tr("Print to PDF File"));
     dialog.setFilter(QStringLiteral("PDF Files (*.pdf)|*.pdf|All Files (*.*)|*.*"));
     dialog.setFilename(pdfPath());
     dialog.setInitDir(QFileInfo(pdfPath()).absolutePath());
@@ -254,7 +254,7 @@ void frmPrint::cmdPreview_Click()
 {
     const std::unique_ptr<QPrinter> printer = makePrinter();
     QPrintPreviewDialog preview(printer.get(), this);
-    preview.setWindowTitle(QStringLiteral("Print Preview - ") + txtTitle->text());
+    preview.setWindowTitle(tr("Print Preview - ") + txtTitle->text());
     // The preview shows one copy of the range: more copies would only repeat it.
     platform::PrintJob shown = job();
     shown.copies = 1;
@@ -289,23 +289,23 @@ bool frmPrint::printPdf()
     const QString path = pdfPath();
     if (path.isEmpty()) {
         platform::MsgBox(
-            QStringLiteral("Type the name of the PDF file, or choose one with Browse."),
-            vb::vbExclamation, QStringLiteral("Print"));
+            tr("Type the name of the PDF file, or choose one with Browse."),
+            vb::vbExclamation, tr("Print"));
         txtFile->setFocus();
         return false;
     }
     if (path != m_confirmedFile && platform::FileExists(path) &&
         platform::MsgBox(QDir::toNativeSeparators(path) +
-                             QStringLiteral(" already exists.\r\nDo you want to replace it?"),
+                             tr(" already exists.\r\nDo you want to replace it?"),
                          vb::vbYesNo | vb::vbExclamation | vb::vbDefaultButton2,
-                         QStringLiteral("Print")) != vb::vbYes)
+                         tr("Print")) != vb::vbYes)
         return false;
 
     QString error;
     if (platform::PrintPdf(*m_document, job(), path, &error) == 0) {
-        platform::MsgBox(QStringLiteral("The PDF file could not be written:\r\n") +
+        platform::MsgBox(tr("The PDF file could not be written:\r\n") +
                              QDir::toNativeSeparators(path) + QStringLiteral("\r\n\r\n") + error,
-                         vb::vbExclamation, QStringLiteral("Print"));
+                         vb::vbExclamation, tr("Print"));
         return false;
     }
     WindowSettings::Set(WindowSettings::PrintPdfFile, path);
@@ -316,9 +316,9 @@ bool frmPrint::printOnPrinter()
 {
     const std::unique_ptr<QPrinter> printer = makePrinter();
     if (platform::PrintRTF(*m_document, job(), *printer) == 0) {
-        platform::MsgBox(QStringLiteral("Nothing was printed on ") + cboPrinter->currentText() +
-                             QStringLiteral(".\r\nCheck the printer and the page range."),
-                         vb::vbExclamation, QStringLiteral("Print"));
+        platform::MsgBox(tr("Nothing was printed on ") + cboPrinter->currentText() +
+                             tr(".\r\nCheck the printer and the page range."),
+                         vb::vbExclamation, tr("Print"));
         return false;
     }
     return true;

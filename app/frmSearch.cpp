@@ -32,51 +32,51 @@ const QString kSection = QStringLiteral("search");
 frmSearch::frmSearch(MainWindowLink &main, QWidget *parent) : QWidget(parent, Qt::Window), m_main(main)
 {
     setObjectName(QStringLiteral("frmSearch"));
-    setWindowTitle(QStringLiteral("Search"));
+    setWindowTitle(tr("Search"));
     setAttribute(Qt::WA_DeleteOnClose);
 
-    auto *lblQuery = new QLabel(QStringLiteral("&Search for:"));
+    auto *lblQuery = new QLabel(tr("&Search for:"));
     txtQuery = new QLineEdit;
     txtQuery->setObjectName(QStringLiteral("txtQuery"));
-    txtQuery->setToolTip(QStringLiteral("Enter word(s) to search for"));
+    txtQuery->setToolTip(tr("Enter word(s) to search for"));
     lblQuery->setBuddy(txtQuery);
-    cmdSearch = new QPushButton(QStringLiteral("Search"));
+    cmdSearch = new QPushButton(tr("Search"));
     cmdSearch->setObjectName(QStringLiteral("cmdSearch"));
     cmdSearch->setDefault(true);
 
-    auto *method = new QGroupBox(QStringLiteral("Search method"));
-    optAnyWord = new QRadioButton(QStringLiteral("An&y Word"));
+    auto *method = new QGroupBox(tr("Search method"));
+    optAnyWord = new QRadioButton(tr("An&y Word"));
     optAnyWord->setObjectName(QStringLiteral("optAnyWord"));
-    optAnyWord->setToolTip(QStringLiteral("this will search for any of the words you typed"));
-    optAllWords = new QRadioButton(QStringLiteral("&All Words"));
+    optAnyWord->setToolTip(tr("this will search for any of the words you typed"));
+    optAllWords = new QRadioButton(tr("&All Words"));
     optAllWords->setObjectName(QStringLiteral("optAllWords"));
-    optAllWords->setToolTip(QStringLiteral("This will find all the verses containing the words you entered"));
-    optExact = new QRadioButton(QStringLiteral("E&xact phrase"));
+    optAllWords->setToolTip(tr("This will find all the verses containing the words you entered"));
+    optExact = new QRadioButton(tr("E&xact phrase"));
     optExact->setObjectName(QStringLiteral("optExact"));
-    optExact->setToolTip(QStringLiteral("This will search for the phrase exactly as you typed it"));
+    optExact->setToolTip(tr("This will search for the phrase exactly as you typed it"));
     optAllWords->setChecked(true);
     auto *methodLayout = new QVBoxLayout(method);
     methodLayout->addWidget(optAnyWord);
     methodLayout->addWidget(optAllWords);
     methodLayout->addWidget(optExact);
-    chkWordSearch = new QCheckBox(QStringLiteral("&Word Search"));
+    chkWordSearch = new QCheckBox(tr("&Word Search"));
     chkWordSearch->setObjectName(QStringLiteral("chkWordSearch"));
-    chkWordSearch->setToolTip(QStringLiteral("Search for whole words only"));
+    chkWordSearch->setToolTip(tr("Search for whole words only"));
 
-    auto *lblBooks = new QLabel(QStringLiteral("Choose &Books to search:"));
+    auto *lblBooks = new QLabel(tr("Choose &Books to search:"));
     lstBooks = new QListWidget;
     lstBooks->setObjectName(QStringLiteral("lstBooks"));
-    lstBooks->setToolTip(QStringLiteral("Click here to choose a book to search"));
+    lstBooks->setToolTip(tr("Click here to choose a book to search"));
     lstBooks->setSelectionMode(QAbstractItemView::MultiSelection);
     lblBooks->setBuddy(lstBooks);
-    chkOldTestament = new QCheckBox(QStringLiteral("&Old Testament"));
+    chkOldTestament = new QCheckBox(tr("&Old Testament"));
     chkOldTestament->setObjectName(QStringLiteral("chkOldTestament"));
-    chkNewTestament = new QCheckBox(QStringLiteral("&New Testament"));
+    chkNewTestament = new QCheckBox(tr("&New Testament"));
     chkNewTestament->setObjectName(QStringLiteral("chkNewTestament"));
 
     lstResults = new QListWidget;
     lstResults->setObjectName(QStringLiteral("lstResults"));
-    lstResults->setToolTip(QStringLiteral("This shows the list of verses containing your search criteria"));
+    lstResults->setToolTip(tr("This shows the list of verses containing your search criteria"));
     // Tens of thousands of results are listed at once.
     lstResults->setUniformItemSizes(true);
     lbltitle = new QLabel;
@@ -85,12 +85,12 @@ frmSearch::frmSearch(MainWindowLink &main, QWidget *parent) : QWidget(parent, Qt
     picProgress->setObjectName(QStringLiteral("picProgress"));
     picProgress->setTextVisible(false);
     picProgress->setMaximumHeight(14);
-    cmdShowVerse = new QPushButton(QStringLiteral("Show &Verse"));
+    cmdShowVerse = new QPushButton(tr("Show &Verse"));
     cmdShowVerse->setObjectName(QStringLiteral("cmdShowVerse"));
-    cmdShowVerse->setToolTip(QStringLiteral("Shows the selected verse in the main window"));
-    cmdShowAll = new QPushButton(QStringLiteral("Show A&ll"));
+    cmdShowVerse->setToolTip(tr("Shows the selected verse in the main window"));
+    cmdShowAll = new QPushButton(tr("Show A&ll"));
     cmdShowAll->setObjectName(QStringLiteral("cmdShowAll"));
-    cmdShowAll->setToolTip(QStringLiteral("Shows every verse found in the main window"));
+    cmdShowAll->setToolTip(tr("Shows every verse found in the main window"));
 
     auto *left = new QVBoxLayout;
     auto *queryRow = new QHBoxLayout;
@@ -207,7 +207,7 @@ void frmSearch::cmdSearch_Click()
 {
     // 1. The search lets the window repaint between books; a second start meanwhile is refused.
     if (m_running) {
-        platform::MsgBox(QStringLiteral("A search is already running, please wait until it is finished"),
+        platform::MsgBox(tr("A search is already running, please wait until it is finished"),
                          vb::vbCritical | vb::vbOKOnly);
         return;
     }
@@ -262,6 +262,6 @@ void frmSearch::cmdShowAll_Click()
     platform::BusyCursor busy;
     // The verses as the quick search lists them, as plain lines: thousands of them show at once.
     m_main.ShowPassage(SearchHit::ListedAll(m_lastHits),
-                       QStringLiteral("Search results for \"") + m_lastQuery + QStringLiteral("\" (") +
-                           QString::number(m_lastHits.size()) + QStringLiteral(" matches)"));
+                       tr("Search results for \"") + m_lastQuery + QStringLiteral("\" (") +
+                           QString::number(m_lastHits.size()) + tr(" matches)"));
 }

@@ -5,6 +5,8 @@
 #include "settings/ProgramSettings.h"
 
 #include <QApplication>
+#include <QLocale>
+#include <QTranslator>
 #include <QStringList>
 
 int main(int argc, char **argv)
@@ -20,6 +22,12 @@ int main(int argc, char **argv)
     }
     ProgramSettings::instance().setProgramFolder(ProgramSettings::ResolveProgramFolder(dirOption));
     platform::InstallWidgetMsgBox();
+    // The interface in the reader's language, when a translation of it lies in the program
+    // folder's "translations" folder (quillstone_de.qm for German, say); English otherwise.
+    QTranslator interface;
+    if (interface.load(QLocale(), QStringLiteral("quillstone"), QStringLiteral("_"),
+                       ProgramSettings::instance().programFolder() + QStringLiteral("/translations")))
+        QApplication::installTranslator(&interface);
     // Saves killed halfway (the power went, the program was ended) leave temporary files.
     const QString folder = ProgramSettings::instance().programFolder();
     for (const QString &sub : {QString(), QStringLiteral("notes/oldtest"), QStringLiteral("notes/newtest")})

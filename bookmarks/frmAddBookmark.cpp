@@ -14,25 +14,25 @@ frmAddBookmark::frmAddBookmark(const QString &reference, std::function<void()> r
     : QDialog(parent), m_reload(std::move(reload))
 {
     setObjectName(QStringLiteral("frmAddBookmark"));
-    setWindowTitle(QStringLiteral("Add Bookmark"));
+    setWindowTitle(tr("Add Bookmark"));
     setModal(true);
 
     txtName = new QLineEdit(this);
     txtName->setObjectName(QStringLiteral("txtName"));
-    txtName->setToolTip(QStringLiteral("Bookmark's Name to Show in bookmarks menu"));
+    txtName->setToolTip(tr("Bookmark's Name to Show in bookmarks menu"));
     txtReference = new QLineEdit(reference, this);
     txtReference->setObjectName(QStringLiteral("txtReference"));
-    txtReference->setToolTip(QStringLiteral("Reference that the bookmark refers to"));
-    auto *lblName = new QLabel(QStringLiteral("&Name:"), this);
+    txtReference->setToolTip(tr("Reference that the bookmark refers to"));
+    auto *lblName = new QLabel(tr("&Name:"), this);
     lblName->setBuddy(txtName);
-    auto *lblReference = new QLabel(QStringLiteral("&Reference:"), this);
+    auto *lblReference = new QLabel(tr("&Reference:"), this);
     lblReference->setBuddy(txtReference);
 
     auto *buttons = new QDialogButtonBox(this);
-    Command1 = buttons->addButton(QStringLiteral("&Add"), QDialogButtonBox::AcceptRole);
+    Command1 = buttons->addButton(tr("&Add"), QDialogButtonBox::AcceptRole);
     Command1->setObjectName(QStringLiteral("Command1"));
     Command1->setDefault(true);
-    Command2 = buttons->addButton(QStringLiteral("Cancel"), QDialogButtonBox::RejectRole);
+    Command2 = buttons->addButton(tr("Cancel"), QDialogButtonBox::RejectRole);
     Command2->setObjectName(QStringLiteral("Command2"));
     connect(Command1, &QPushButton::clicked, this, &frmAddBookmark::Command1_Click);
     connect(Command2, &QPushButton::clicked, this, &frmAddBookmark::Command2_Click);

@@ -24,41 +24,41 @@ frmOrganizeBookmarks::frmOrganizeBookmarks(const QStringList &captions, QStringL
     : QDialog(parent), m_references(references), m_bible(bible), m_reload(std::move(reload))
 {
     setObjectName(QStringLiteral("frmOrganizeBookmarks"));
-    setWindowTitle(QStringLiteral("Organize Bookmarks"));
+    setWindowTitle(tr("Organize Bookmarks"));
     setModal(true);
 
     lstBookmarks = new QListWidget(this);
     lstBookmarks->setObjectName(QStringLiteral("lstBookmarks"));
     txtName = new QLineEdit(this);
     txtName->setObjectName(QStringLiteral("txtName"));
-    txtName->setToolTip(QStringLiteral("Edit bookmark name here"));
+    txtName->setToolTip(tr("Edit bookmark name here"));
     txtReference = new QLineEdit(this);
     txtReference->setObjectName(QStringLiteral("txtReference"));
-    txtReference->setToolTip(QStringLiteral("Edit bookmark reference here"));
+    txtReference->setToolTip(tr("Edit bookmark reference here"));
     txtPassage = new QPlainTextEdit(this);
     txtPassage->setObjectName(QStringLiteral("txtPassage"));
-    txtPassage->setToolTip(QStringLiteral("Bookmark passage"));
+    txtPassage->setToolTip(tr("Bookmark passage"));
     txtPassage->setReadOnly(true);
-    cmdUpdate = new QPushButton(QStringLiteral("Update"), this);
+    cmdUpdate = new QPushButton(tr("Update"), this);
     cmdUpdate->setObjectName(QStringLiteral("cmdUpdate"));
     cmdUpdate->setToolTip(
-        QStringLiteral("Click here to update your changes to the selected bookmark"));
-    cmdRemove = new QPushButton(QStringLiteral("Remove"), this);
+        tr("Click here to update your changes to the selected bookmark"));
+    cmdRemove = new QPushButton(tr("Remove"), this);
     cmdRemove->setObjectName(QStringLiteral("cmdRemove"));
-    cmdRemove->setToolTip(QStringLiteral("Click here to remove the selected bookmark"));
-    cmdSave = new QPushButton(QStringLiteral("&Save"), this);
+    cmdRemove->setToolTip(tr("Click here to remove the selected bookmark"));
+    cmdSave = new QPushButton(tr("&Save"), this);
     cmdSave->setObjectName(QStringLiteral("cmdSave"));
-    cmdSave->setToolTip(QStringLiteral("Click here to save your changes to the bookmarks"));
-    cmdCancel = new QPushButton(QStringLiteral("Cancel"), this);
+    cmdSave->setToolTip(tr("Click here to save your changes to the bookmarks"));
+    cmdCancel = new QPushButton(tr("Cancel"), this);
     cmdCancel->setObjectName(QStringLiteral("cmdCancel"));
-    cmdCancel->setToolTip(QStringLiteral("Click here to cancel your changes"));
+    cmdCancel->setToolTip(tr("Click here to cancel your changes"));
     // Enter in a box must not save the whole list by surprise.
     for (QPushButton *button : {cmdUpdate, cmdRemove, cmdSave, cmdCancel})
         button->setAutoDefault(false);
 
-    auto *lblName = new QLabel(QStringLiteral("Name:"), this);
+    auto *lblName = new QLabel(tr("Name:"), this);
     lblName->setBuddy(txtName);
-    auto *lblReference = new QLabel(QStringLiteral("Reference:"), this);
+    auto *lblReference = new QLabel(tr("Reference:"), this);
     lblReference->setBuddy(txtReference);
     auto *edit = new QGridLayout;
     edit->addWidget(lblName, 0, 0);
@@ -155,7 +155,7 @@ void frmOrganizeBookmarks::cmdRemove_Click()
     if (row < 0)
         return;
     // 4.
-    if (platform::MsgBox(QStringLiteral("Are you sure?"), vb::vbYesNo + vb::vbCritical) !=
+    if (platform::MsgBox(tr("Are you sure?"), vb::vbYesNo + vb::vbCritical) !=
         vb::vbYes)
         return;
     if (row < m_references.size())

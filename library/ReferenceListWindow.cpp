@@ -34,9 +34,9 @@ ReferenceListWindow::ReferenceListWindow(const ReferenceListWindowTexts &texts,
     txtQuery = new QLineEdit;
     txtQuery->setObjectName(QStringLiteral("txtQuery"));
     txtQuery->setToolTip(m_texts.queryTip);
-    cmdSearch = new QPushButton(QStringLiteral("Search"));
+    cmdSearch = new QPushButton(tr("Search"));
     cmdSearch->setObjectName(QStringLiteral("cmdSearch"));
-    cmdSearch->setToolTip(QStringLiteral("Search"));
+    cmdSearch->setToolTip(tr("Search"));
     lstResults = new QListWidget;
     lstResults->setObjectName(QStringLiteral("lstResults"));
     lstResults->setUniformItemSizes(true);
@@ -50,7 +50,7 @@ ReferenceListWindow::ReferenceListWindow(const ReferenceListWindowTexts &texts,
     SSTab1 = new QTabWidget(this);
     SSTab1->setObjectName(QStringLiteral("SSTab1"));
     SSTab1->addTab(browse, m_texts.browseCaption);
-    SSTab1->addTab(search, QStringLiteral("Search"));
+    SSTab1->addTab(search, tr("Search"));
     // The layouts stretch the lists to the tab strip's height as the window is resized.
     m_layout = new QHBoxLayout(this);
     m_layout->addWidget(SSTab1, 1);

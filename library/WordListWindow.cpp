@@ -42,7 +42,7 @@ WordListWindow::WordListWindow(const WordListWindowTexts &texts, QWidget *parent
     platform::UseVerdana(txtWord);
     auto *lblWord = new QLabel(m_texts.wordLabel, this);
     lblWord->setBuddy(txtWord);
-    cmdFind = new QPushButton(QStringLiteral("Find"), this);
+    cmdFind = new QPushButton(tr("Find"), this);
     cmdFind->setObjectName(QStringLiteral("cmdFind"));
     cmdFind->setDefault(true);
     m_list = new QListWidget(this);
@@ -51,7 +51,7 @@ WordListWindow::WordListWindow(const WordListWindowTexts &texts, QWidget *parent
     m_list->setUniformItemSizes(true);
     txtDefinition = new QPlainTextEdit(this);
     txtDefinition->setObjectName(QStringLiteral("txtDefinition"));
-    txtDefinition->setToolTip(QStringLiteral("Result of search"));
+    txtDefinition->setToolTip(tr("Result of search"));
     txtDefinition->setReadOnly(true);
     platform::UseVerdana(txtDefinition);
     lblStatus = new QLabel(this);
@@ -123,7 +123,7 @@ void WordListWindow::cmdFind_Click()
     txtDefinition->clear();
     showReferences({});
     // The status is painted before the scan.
-    lblStatus->setText(QStringLiteral("Searching..."));
+    lblStatus->setText(tr("Searching..."));
     platform::YieldToEvents();
     const WordList::LookUp found = m_words.Find(txtWord->text());
     if (found.outcome == WordList::Outcome::Unreadable) {
@@ -162,8 +162,8 @@ void WordListWindow::lookUpSelected()
 
 void WordListWindow::Form_Click()
 {
-    platform::MsgBox(QStringLiteral("There are ") + QString::number(m_list->count()) +
-                     QLatin1Char(' ') + m_texts.countedWord + QStringLiteral(" in the database"));
+    platform::MsgBox(tr("There are ") + QString::number(m_list->count()) +
+                     QLatin1Char(' ') + m_texts.countedWord + tr(" in the database"));
 }
 
 void WordListWindow::mousePressEvent(QMouseEvent *event)

@@ -12,13 +12,13 @@
 frmDictionary::frmDictionary(MainWindowLink &main, QWidget *parent)
     : WordListWindow({.kind = WordList::Kind::Dictionary,
                       .objectName = QStringLiteral("frmDictionary"),
-                      .caption = QStringLiteral("Dictionary"),
+                      .caption = tr("Dictionary"),
                       .section = QStringLiteral("dictionary"),
-                      .wordLabel = QStringLiteral("Enter &Word"),
-                      .wordTip = QStringLiteral("Enter a word to search for and hit <enter>"),
+                      .wordLabel = tr("Enter &Word"),
+                      .wordTip = tr("Enter a word to search for and hit <enter>"),
                       .listName = QStringLiteral("lstWords"),
-                      .listTip = QStringLiteral("Double Click a word to see its data"),
-                      .notFound = QStringLiteral("Not Found"),
+                      .listTip = tr("Double Click a word to see its data"),
+                      .notFound = tr("Not Found"),
                       .countedWord = QStringLiteral("words"),
                       .size = QSize(640, 420),
                       // The main window offers the dictionary only when its file is there; one
@@ -29,7 +29,7 @@ frmDictionary::frmDictionary(MainWindowLink &main, QWidget *parent)
 {
     lstReferences = new QListWidget(this);
     lstReferences->setObjectName(QStringLiteral("lstReferences"));
-    lstReferences->setToolTip(QStringLiteral("References where word is found"));
+    lstReferences->setToolTip(tr("References where word is found"));
     ApplyStyle(lstReferences, ProgramSettings::instance().display.navigation);
     addUnderDefinition(lstReferences);
 

@@ -27,7 +27,7 @@ frmParables::frmParables(MainWindowLink &main, QWidget *parent)
     Label1->setObjectName(QStringLiteral("Label1"));
     lstParables = new QListWidget;
     lstParables->setObjectName(QStringLiteral("lstParables"));
-    lstParables->setToolTip(QStringLiteral("Select one to read it in each gospel that tells it"));
+    lstParables->setToolTip(tr("Select one to read it in each gospel that tells it"));
     Label1->setBuddy(lstParables);
     auto *left = new QVBoxLayout;
     left->addWidget(Label1);
@@ -87,9 +87,9 @@ void frmParables::SetTag(const QString &tag)
 {
     m_tag = tag;
     if (tag == MiraclesTag)
-        setWindowTitle(QStringLiteral("Miracles of Jesus Christ"));
+        setWindowTitle(tr("Miracles of Jesus Christ"));
     else if (tag == ParablesTag)
-        setWindowTitle(QStringLiteral("Parables of Jesus Christ"));
+        setWindowTitle(tr("Parables of Jesus Christ"));
 }
 
 frmParables *frmParables::FindOpen(const QString &tag)

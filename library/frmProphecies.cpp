@@ -16,12 +16,12 @@ frmProphecies::frmProphecies(MainWindowLink &main, QWidget *parent)
     : QWidget(parent, Qt::Window), m_main(main)
 {
     setObjectName(QStringLiteral("frmProphecies"));
-    setWindowTitle(QStringLiteral("Prophecies and their Fulfilment"));
+    setWindowTitle(tr("Prophecies and their Fulfilment"));
     setAttribute(Qt::WA_DeleteOnClose);
 
     lstProphecies = new QListWidget;
     lstProphecies->setObjectName(QStringLiteral("lstProphecies"));
-    lstProphecies->setToolTip(QStringLiteral("Select a prophecy to read it beside its fulfilment"));
+    lstProphecies->setToolTip(tr("Select a prophecy to read it beside its fulfilment"));
     rtfOld = new platform::RichTextBox;
     rtfOld->setObjectName(QStringLiteral("rtfOld"));
     rtfOld->setLocked(true);
@@ -30,11 +30,11 @@ frmProphecies::frmProphecies(MainWindowLink &main, QWidget *parent)
     rtfNew->setLocked(true);
 
     auto *layout = new QGridLayout(this);
-    auto *prophecies = new QLabel(QStringLiteral("&Prophecies:"));
+    auto *prophecies = new QLabel(tr("&Prophecies:"));
     prophecies->setBuddy(lstProphecies);
     layout->addWidget(prophecies, 0, 0);
-    layout->addWidget(new QLabel(QStringLiteral("Prophecy:")), 0, 1);
-    layout->addWidget(new QLabel(QStringLiteral("Fulfilment:")), 0, 2);
+    layout->addWidget(new QLabel(tr("Prophecy:")), 0, 1);
+    layout->addWidget(new QLabel(tr("Fulfilment:")), 0, 2);
     layout->addWidget(lstProphecies, 1, 0);
     layout->addWidget(rtfOld, 1, 1);
     layout->addWidget(rtfNew, 1, 2);

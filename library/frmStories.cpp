@@ -10,19 +10,19 @@
 frmStories::frmStories(MainWindowLink &main, QWidget *parent)
     : ReferenceListWindow({.file = DataFiles::File::Stories,
                            .objectName = QStringLiteral("frmStories"),
-                           .caption = QStringLiteral("Famous Bible Stories"),
+                           .caption = tr("Famous Bible Stories"),
                            .section = QStringLiteral("stories"),
                            .placementParts = WindowPlacement::Position,
                            .listName = QStringLiteral("lstStories"),
-                           .listTip = QStringLiteral("Select a story to see its references"),
-                           .queryTip = QStringLiteral("Type word(s) to search for in stories"),
-                           .browseCaption = QStringLiteral("Stories")},
+                           .listTip = tr("Select a story to see its references"),
+                           .queryTip = tr("Type word(s) to search for in stories"),
+                           .browseCaption = tr("Stories")},
                           main, parent)
 {
     lstReferences = new QListWidget(this);
     lstReferences->setObjectName(QStringLiteral("lstReferences"));
     lstReferences->setToolTip(
-        QStringLiteral("Click a reference to see the text in the main bible window"));
+        tr("Click a reference to see the text in the main bible window"));
     addBesideTabs(lstReferences);
     resize(640, height());
     // A click on the reference already shown shows it again, as the main window may have moved on.

@@ -56,21 +56,21 @@ frmStrongLexicon::frmStrongLexicon(MainWindowLink &main, QWidget *parent)
       m_lexicon(ProgramSettings::instance().programFolder())
 {
     setObjectName(QStringLiteral("frmStrongLexicon"));
-    setWindowTitle(QStringLiteral("Strong's Lexicon"));
+    setWindowTitle(tr("Strong's Lexicon"));
     setAttribute(Qt::WA_DeleteOnClose);
 
     SSTab1 = new QTabWidget(this);
     SSTab1->setObjectName(QStringLiteral("SSTab1"));
-    SSTab1->setToolTip(QStringLiteral("Choose the appropriate language"));
+    SSTab1->setToolTip(tr("Choose the appropriate language"));
     SSTab1->addTab(buildTab(m_hebrew, "txtHebrewWord", "cmdFind", "lstHebrewWords",
                             "txtHebrewDefinition", "cmdFindAllHeb"),
-                   QStringLiteral("Hebrew"));
+                   tr("Hebrew"));
     SSTab1->addTab(buildTab(m_greek, "txtGreekWord", "cmdFindGreek", "lstGreekWords",
                             "txtGreekDefinition", "cmdFindAllGreek"),
-                   QStringLiteral("Greek"));
-    m_hebrew.find->setToolTip(QStringLiteral("Run search"));
+                   tr("Greek"));
+    m_hebrew.find->setToolTip(tr("Run search"));
     chkHighlightWord =
-        new QCheckBox(QStringLiteral("Highlight word in the list as I am typing"), this);
+        new QCheckBox(tr("Highlight word in the list as I am typing"), this);
     chkHighlightWord->setObjectName(QStringLiteral("chkHighlightWord"));
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(SSTab1, 1);
@@ -117,18 +117,18 @@ QWidget *frmStrongLexicon::buildTab(Tab &tab, const char *word, const char *find
     tab.word = new QLineEdit(page);
     tab.word->setObjectName(QLatin1String(word));
     platform::UseVerdana(tab.word);
-    auto *label = new QLabel(QStringLiteral("Enter the word or its strong's number below:"), page);
+    auto *label = new QLabel(tr("Enter the word or its strong's number below:"), page);
     label->setBuddy(tab.word);
-    tab.find = new QPushButton(QStringLiteral("Find"), page);
+    tab.find = new QPushButton(tr("Find"), page);
     tab.find->setObjectName(QLatin1String(find));
     tab.list = new QListWidget(page);
     tab.list->setObjectName(QLatin1String(list));
     tab.list->setToolTip(
-        QStringLiteral("Double click a word from the list to see its information"));
+        tr("Double click a word from the list to see its information"));
     tab.list->setUniformItemSizes(true);
     tab.definition = new DefinitionBox(page);
     tab.definition->setObjectName(QLatin1String(definition));
-    tab.definition->setToolTip(QStringLiteral("Search results"));
+    tab.definition->setToolTip(tr("Search results"));
     tab.definition->setReadOnly(true);
     platform::UseVerdana(tab.definition);
     // The line starts with a number and the Hebrew word: left to right, or the Hebrew would turn
@@ -136,7 +136,7 @@ QWidget *frmStrongLexicon::buildTab(Tab &tab, const char *word, const char *find
     QTextOption direction = tab.definition->document()->defaultTextOption();
     direction.setTextDirection(Qt::LeftToRight);
     tab.definition->document()->setDefaultTextOption(direction);
-    tab.findAll = new QPushButton(QStringLiteral("Find All Occurrences"), page);
+    tab.findAll = new QPushButton(tr("Find All Occurrences"), page);
     tab.findAll->setObjectName(QLatin1String(findAll));
 
     auto *layout = new QGridLayout(page);

@@ -8,14 +8,14 @@ frmTopics::frmTopics(MainWindowLink &main, QWidget *parent)
     : ReferenceListWindow(
           {.file = DataFiles::File::Topics,
            .objectName = QStringLiteral("frmTopics"),
-           .caption = QStringLiteral("Bible Topics"),
+           .caption = tr("Bible Topics"),
            .section = QStringLiteral("topics"),
            // Unlike the stories window, this one has always opened where the system puts it.
            .placementParts = 0,
            .listName = QStringLiteral("lstTopics"),
-           .listTip = QStringLiteral("Select topic to see its text in the main bible window"),
-           .queryTip = QStringLiteral("Enter word(s) to search for in the topics"),
-           .browseCaption = QStringLiteral("Topics")},
+           .listTip = tr("Select topic to see its text in the main bible window"),
+           .queryTip = tr("Enter word(s) to search for in the topics"),
+           .browseCaption = tr("Topics")},
           main, parent)
 {
 }

@@ -21,20 +21,20 @@ frmVerseOfDay::frmVerseOfDay(MainWindowLink &main, int showAtStartup, QWidget *p
     : QWidget(parent, Qt::Dialog), m_main(main)
 {
     setObjectName(QStringLiteral("frmVerseOfDay"));
-    setWindowTitle(QStringLiteral("Verse of the Day"));
+    setWindowTitle(tr("Verse of the Day"));
     setAttribute(Qt::WA_DeleteOnClose);
 
     txtVerse = new QPlainTextEdit;
     txtVerse->setObjectName(QStringLiteral("txtVerse"));
     txtVerse->setReadOnly(true);
-    auto *label = new QLabel(QStringLiteral("Verse of the day:"));
+    auto *label = new QLabel(tr("Verse of the day:"));
     label->setBuddy(txtVerse);
-    chkLoadVerseAtStartup = new QCheckBox(QStringLiteral("&Show verse of the day at startup"));
+    chkLoadVerseAtStartup = new QCheckBox(tr("&Show verse of the day at startup"));
     chkLoadVerseAtStartup->setObjectName(QStringLiteral("chkLoadVerseAtStartup"));
     chkLoadVerseAtStartup->setChecked(showAtStartup != 0);
-    cmdNextverse = new QPushButton(QStringLiteral("&Next Verse"));
+    cmdNextverse = new QPushButton(tr("&Next Verse"));
     cmdNextverse->setObjectName(QStringLiteral("cmdNextverse"));
-    cmdOK = new QPushButton(QStringLiteral("OK"));
+    cmdOK = new QPushButton(tr("OK"));
     cmdOK->setObjectName(QStringLiteral("cmdOK"));
     cmdOK->setDefault(true);
 

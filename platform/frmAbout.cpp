@@ -37,7 +37,7 @@ QLabel *LinkLabel(const QString &text, const QString &name, QWidget *parent)
 frmAbout::frmAbout(const QString &creditsPath, QWidget *parent) : QDialog(parent)
 {
     setObjectName(QStringLiteral("frmAbout"));
-    setWindowTitle(QStringLiteral("About ") + platform::AppTitle());
+    setWindowTitle(tr("About ") + platform::AppTitle());
 
     m_picture = new QLabel(this);
     m_picture->setObjectName(QStringLiteral("imgLogo"));
@@ -55,7 +55,7 @@ frmAbout::frmAbout(const QString &creditsPath, QWidget *parent) : QDialog(parent
     m_version->setObjectName(QStringLiteral("lblVersion"));
 
     m_disclaimer = new QLabel(
-        QStringLiteral("This program is offered as it is, without any warranty. The texts it "
+        tr("This program is offered as it is, without any warranty. The texts it "
                        "shows were typed and checked by people; where a word matters, compare it "
                        "with a printed edition."),
         this);
@@ -73,7 +73,7 @@ frmAbout::frmAbout(const QString &creditsPath, QWidget *parent) : QDialog(parent
     m_credits->setMinimumHeight(140);
     loadCredits(creditsPath);
 
-    m_ok = new QPushButton(QStringLiteral("OK"), this);
+    m_ok = new QPushButton(tr("OK"), this);
     m_ok->setObjectName(QStringLiteral("cmdOK"));
     m_ok->setDefault(true);
     connect(m_ok, &QPushButton::clicked, this, &frmAbout::cmdOK_Click);

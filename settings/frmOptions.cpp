@@ -61,26 +61,26 @@ frmOptions::frmOptions(const QList<InstalledTranslation> &translations, const QS
     : QDialog(parent), m_translations(translations)
 {
     setObjectName(QStringLiteral("frmOptions"));
-    setWindowTitle(QStringLiteral("Bible Options"));
+    setWindowTitle(tr("Bible Options"));
     setModal(true);
 
     auto *layout = new QVBoxLayout(this);
     SSTab1 = new QTabWidget(this);
     SSTab1->setObjectName(QStringLiteral("SSTab1"));
-    SSTab1->addTab(buildLookTab(), QStringLiteral("&Fonts and Colors"));
-    SSTab1->addTab(buildGeneralTab(), QStringLiteral("&General"));
-    SSTab1->addTab(buildLoadTab(), QStringLiteral("L&oad"));
+    SSTab1->addTab(buildLookTab(), tr("&Fonts and Colors"));
+    SSTab1->addTab(buildGeneralTab(), tr("&General"));
+    SSTab1->addTab(buildLoadTab(), tr("L&oad"));
     layout->addWidget(SSTab1, 1);
 
     auto *buttons = new QHBoxLayout;
-    auto *cmdHelp = new QPushButton(QStringLiteral("Help"), this);
+    auto *cmdHelp = new QPushButton(tr("Help"), this);
     cmdHelp->setObjectName(QStringLiteral("cmdHelp"));
-    auto *cmdDiscard = new QPushButton(QStringLiteral("&Discard"), this);
+    auto *cmdDiscard = new QPushButton(tr("&Discard"), this);
     cmdDiscard->setObjectName(QStringLiteral("cmdDiscard"));
-    cmdDiscard->setToolTip(QStringLiteral("Close without changing any setting"));
-    auto *cmdSaveSettings = new QPushButton(QStringLiteral("&Save Settings"), this);
+    cmdDiscard->setToolTip(tr("Close without changing any setting"));
+    auto *cmdSaveSettings = new QPushButton(tr("&Save Settings"), this);
     cmdSaveSettings->setObjectName(QStringLiteral("cmdSaveSettings"));
-    cmdSaveSettings->setToolTip(QStringLiteral("Save these settings and show them at once"));
+    cmdSaveSettings->setToolTip(tr("Save these settings and show them at once"));
     cmdSaveSettings->setDefault(true);
     buttons->addWidget(cmdHelp);
     buttons->addStretch(1);
@@ -150,7 +150,7 @@ QLabel *frmOptions::makePreview(const char *name, const QString &caption)
     label->setMinimumHeight(28);
     label->setIndent(6);
     label->setCursor(Qt::PointingHandCursor);
-    label->setToolTip(QStringLiteral("Click here to change the background color"));
+    label->setToolTip(tr("Click here to change the background color"));
     label->installEventFilter(this);
     return label;
 }
@@ -180,25 +180,25 @@ QWidget *frmOptions::buildLookTab()
     for (const AreaControls &a : areas) {
         auto *group = new QGroupBox(QLatin1String(a.frame), page);
         auto *form = new QFormLayout(group);
-        auto *font = new QPushButton(QStringLiteral("Change Font"), group);
+        auto *font = new QPushButton(tr("Change Font"), group);
         font->setObjectName(QLatin1String(a.font));
-        font->setToolTip(QStringLiteral("Click here to change the font for ") + QLatin1String(a.what));
+        font->setToolTip(tr("Click here to change the font for ") + QLatin1String(a.what));
         connect(font, &QPushButton::clicked, this, [this, area = a.area] { changeFont(area); });
         *a.fore = makeSwatch(a.foreSwatch, QStringLiteral("Click here to change font color for ") + QLatin1String(a.what));
         *a.back = makeSwatch(a.backSwatch, QStringLiteral("Click here to change background color for ") + QLatin1String(a.what));
         form->addRow(font);
-        form->addRow(QStringLiteral("Font Color:"), *a.fore);
-        form->addRow(QStringLiteral("BackGround:"), *a.back);
+        form->addRow(tr("Font Color:"), *a.fore);
+        form->addRow(tr("BackGround:"), *a.back);
         grid->addWidget(group, row++, 0);
     }
 
-    auto *preview = new QGroupBox(QStringLiteral("Preview"), page);
+    auto *preview = new QGroupBox(tr("Preview"), page);
     auto *previewLayout = new QVBoxLayout(preview);
-    lblTestament = makePreview("lblTestament", QStringLiteral("Testament"));
-    lblBooks = makePreview("lblBooks", QStringLiteral("Books List"));
-    lblChapters = makePreview("lblChapters", QStringLiteral("Chapters List"));
-    lblPassage = makePreview("lblPassage", QStringLiteral("Passage Window"));
-    lblTitle = makePreview("lblTitle", QStringLiteral("Title Window"));
+    lblTestament = makePreview("lblTestament", tr("Testament"));
+    lblBooks = makePreview("lblBooks", tr("Books List"));
+    lblChapters = makePreview("lblChapters", tr("Chapters List"));
+    lblPassage = makePreview("lblPassage", tr("Passage Window"));
+    lblTitle = makePreview("lblTitle", tr("Title Window"));
     for (QLabel *label : {lblTestament, lblBooks, lblChapters, lblPassage, lblTitle})
         previewLayout->addWidget(label);
     previewLayout->addStretch(1);
@@ -211,25 +211,25 @@ QWidget *frmOptions::buildGeneralTab()
 {
     auto *page = new QWidget(SSTab1);
     auto *layout = new QVBoxLayout(page);
-    auto *other = new QGroupBox(QStringLiteral("Other"), page);
+    auto *other = new QGroupBox(tr("Other"), page);
     auto *form = new QFormLayout(other);
     lblRightClickColor = makeSwatch("lblRightClickColor",
-                                    QStringLiteral("Click here to change the highlight color of a right click"));
-    form->addRow(QStringLiteral("Right Click Highlight:"), lblRightClickColor);
+                                    tr("Click here to change the highlight color of a right click"));
+    form->addRow(tr("Right Click Highlight:"), lblRightClickColor);
     txtSearchResults = new QLineEdit(other);
     txtSearchResults->setObjectName(QStringLiteral("txtSearchResults"));
-    txtSearchResults->setToolTip(QStringLiteral("The most results a search shows"));
+    txtSearchResults->setToolTip(tr("The most results a search shows"));
     txtSearchResults->setMaximumWidth(80);
-    form->addRow(QStringLiteral("Maximum search results to show:"), txtSearchResults);
+    form->addRow(tr("Maximum search results to show:"), txtSearchResults);
     layout->addWidget(other);
 
-    chkLineBreaks = new QCheckBox(QStringLiteral("Line break between verses"), page);
+    chkLineBreaks = new QCheckBox(tr("Line break between verses"), page);
     chkLineBreaks->setObjectName(QStringLiteral("chkLineBreaks"));
-    chkLineBreaks->setToolTip(QStringLiteral("Allows you to suppress the line break between verses.  If unchecked, verses "
+    chkLineBreaks->setToolTip(tr("Allows you to suppress the line break between verses.  If unchecked, verses "
                                              "will simply continue and only word wrap at end of line"));
-    chkRememberWindowSetting = new QCheckBox(QStringLiteral("Remember Window Settings"), page);
+    chkRememberWindowSetting = new QCheckBox(tr("Remember Window Settings"), page);
     chkRememberWindowSetting->setObjectName(QStringLiteral("chkRememberWindowSetting"));
-    chkRememberWindowSetting->setToolTip(QStringLiteral("The program remembers window positions and sizes upon closing"));
+    chkRememberWindowSetting->setToolTip(tr("The program remembers window positions and sizes upon closing"));
     layout->addWidget(chkLineBreaks);
     layout->addWidget(chkRememberWindowSetting);
     layout->addStretch(1);
@@ -240,25 +240,25 @@ QWidget *frmOptions::buildLoadTab()
 {
     auto *page = new QWidget(SSTab1);
     auto *layout = new QVBoxLayout(page);
-    auto *group = new QGroupBox(QStringLiteral("Load"), page);
+    auto *group = new QGroupBox(tr("Load"), page);
     auto *inner = new QVBoxLayout(group);
-    auto *listLabel = new QLabel(QStringLiteral("Installed Translations:"), group);
+    auto *listLabel = new QLabel(tr("Installed Translations:"), group);
     lstVersions = new QListWidget(group);
     lstVersions->setObjectName(QStringLiteral("lstVersions"));
-    lstVersions->setToolTip(QStringLiteral("Displays the currently installed translations"));
+    lstVersions->setToolTip(tr("Displays the currently installed translations"));
     listLabel->setBuddy(lstVersions);
-    auto *loadNote = new QLabel(QStringLiteral("If you wish to switch to another translation immediately, then click on the "
+    auto *loadNote = new QLabel(tr("If you wish to switch to another translation immediately, then click on the "
                                                "\"Load Selected Version Now\" command button."),
                                 group);
     loadNote->setWordWrap(true);
-    auto *cmdLoadVersion = new QPushButton(QStringLiteral("Load Selected Version Now"), group);
+    auto *cmdLoadVersion = new QPushButton(tr("Load Selected Version Now"), group);
     cmdLoadVersion->setObjectName(QStringLiteral("cmdLoadVersion"));
     connect(cmdLoadVersion, &QPushButton::clicked, this, &frmOptions::cmdLoadVersion_Click);
-    auto *autoNote = new QLabel(QStringLiteral("This setting will allow you to select a version to autoload or cancel the "
+    auto *autoNote = new QLabel(tr("This setting will allow you to select a version to autoload or cancel the "
                                                "autoload feature.  You must restart the program for the settings to take effect"),
                                 group);
     autoNote->setWordWrap(true);
-    chkAutoLoad = new QCheckBox(QStringLiteral("Autoload Selected Version"), group);
+    chkAutoLoad = new QCheckBox(tr("Autoload Selected Version"), group);
     chkAutoLoad->setObjectName(QStringLiteral("chkAutoLoad"));
     inner->addWidget(listLabel);
     inner->addWidget(lstVersions, 1);
@@ -359,13 +359,13 @@ void frmOptions::cmdDiscard_Click()
 void frmOptions::cmdHelp_Click()
 {
     platform::MsgBox(
-        QStringLiteral("Fonts and Colors: click a color box or a preview line to pick its color, and \"Change Font\" "
+        tr("Fonts and Colors: click a color box or a preview line to pick its color, and \"Change Font\" "
                        "to pick the font of the lists, the passage or the title.\r\n"
                        "General: the highlight of a right click, the most results a search shows, line breaks "
                        "between verses, and whether windows open where they were left.\r\n"
                        "Load: the translation to open at start, or to open now.\r\n"
                        "Nothing changes until you click \"Save Settings\"; \"Discard\" leaves everything as it was."),
-        vb::vbInformation, QStringLiteral("Bible Options"));
+        vb::vbInformation, tr("Bible Options"));
 }
 
 void frmOptions::cmdSaveSettings_Click()
@@ -374,7 +374,7 @@ void frmOptions::cmdSaveSettings_Click()
     // half changed.
     const std::optional<qint16> maximum = LeadingInteger(txtSearchResults->text());
     if (!maximum) {
-        platform::MsgBox(platform::ErrText(6, QStringLiteral("Overflow")), vb::vbExclamation);
+        platform::MsgBox(platform::ErrText(6, tr("Overflow")), vb::vbExclamation);
         return;
     }
     ProgramSettings &settings = ProgramSettings::instance();

@@ -4,7 +4,7 @@ BUILD   ?= build
 PROGRAM := $(BUILD)/program
 CMAKE_FLAGS ?= -DCMAKE_BUILD_TYPE=RelWithDebInfo
 
-.PHONY: all setup configure build run test bench fuzz asan screenshot clean
+.PHONY: all setup configure build run test bench fuzz asan lint screenshot clean
 
 all: build
 
@@ -40,6 +40,11 @@ asan: setup
 	@test -f build-asan/build.ninja || cmake -S . -B build-asan -G Ninja -DCMAKE_BUILD_TYPE=Debug -DQS_SANITIZE=ON -DQS_BENCH=OFF
 	cmake --build build-asan
 	cd build-asan && ctest --output-on-failure --timeout 900
+
+# clang-format and clang-tidy over the tree; fails on a finding.
+lint: build
+	@sh scripts/setup.sh clang-format clang-tidy
+	sh scripts/lint.sh $(BUILD)
 
 clean:
 	rm -rf $(BUILD) build-fuzz build-asan

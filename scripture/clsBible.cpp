@@ -343,7 +343,7 @@ Passage clsBible::MoveToPassage(const QString &book, int chapterFrom, int verseF
     return remember(FetchPassage(book, chapterFrom, verseFrom, chapterTo, verseTo));
 }
 
-QString clsBible::passage(QString book, int chapterFrom, int verseFrom, int chapterTo, int verseTo)
+QString clsBible::passage(const QString &book, int chapterFrom, int verseFrom, int chapterTo, int verseTo)
 {
     return MoveToPassage(book, chapterFrom, verseFrom, chapterTo, verseTo).text;
 }

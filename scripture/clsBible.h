@@ -84,7 +84,7 @@ public:
     Passage MoveToPassage(const QString &book, int chapterFrom, int verseFrom = 0, int chapterTo = 0,
                           int verseTo = 0);
     QString Passagebystandard(const QString &references) { return MoveTo(references).text; }
-    QString passage(QString book, int chapterFrom, int verseFrom = 0, int chapterTo = 0,
+    QString passage(const QString &book, int chapterFrom, int verseFrom = 0, int chapterTo = 0,
                     int verseTo = 0);
 
     // Books by testament (0 the first, 1 the second), as the window lists them.

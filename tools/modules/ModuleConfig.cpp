@@ -43,7 +43,7 @@ std::optional<ModuleConfig> ModuleConfig::Parse(const QString &text)
         // A value ending in a backslash goes on over the next line (long "About" texts).
         if (continued) {
             continued = line.endsWith(u'\\');
-            pendingValue += u' ' + (continued ? line.chopped(1) : line).trimmed();
+            pendingValue = pendingValue.trimmed() + u' ' + (continued ? line.chopped(1) : line).trimmed();
             if (!continued)
                 keep();
             continue;

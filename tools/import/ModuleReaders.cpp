@@ -91,14 +91,14 @@ bool ReadBible(sword::SWModule *module, const BibleOptions &options, ImportLog &
         }
         seen.insert(canon);
         const BookInfo &info = CanonBooks()[size_t(canon)];
-        if (options.progress)
-            options.progress(b + 1, system->getBookCount(), info.english);
         const QString ownName = options.bookNames.value(canon);
         BookText plainBook{!ownName.isEmpty()         ? ownName
                            : options.spanishNames ? info.spanish
                                                   : info.english,
                            info.testament,
                            {}};
+        if (options.progress)
+            options.progress(b + 1, system->getBookCount(), plainBook.name);
         BookText strongsBook{plainBook.name, info.testament, {}};
 
         for (int c = 1; c <= sourceBook->getChapterMax(); ++c) {

@@ -153,7 +153,11 @@ int ImportModule(const ModuleImportRequest &request, QTextStream &out, QTextStre
     const QString root = QDir(request.programFolder).absolutePath();
     if (!QDir().mkpath(root))
         return fail(CannotWrite, QStringLiteral("cannot create ") + root);
-    QTemporaryDir work(root + QStringLiteral("/.") + folderName + QStringLiteral(".importing-XXXXXX"));
+    // What an import of the same name left when it was killed halfway (hidden, so never listed).
+    const QString stem = u'.' + folderName + QStringLiteral(".importing-");
+    for (const QString &leftover : QDir(root).entryList({stem + u'*'}, QDir::Dirs | QDir::Hidden))
+        QDir(root + u'/' + leftover).removeRecursively();
+    QTemporaryDir work(root + u'/' + stem + QStringLiteral("XXXXXX"));
     if (!work.isValid())
         return fail(CannotWrite, QStringLiteral("cannot write in ") + root + QStringLiteral(": ") + work.errorString());
     const TestamentLabels &labels = labelsFor(language);

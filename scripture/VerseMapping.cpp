@@ -24,7 +24,8 @@ bool endsBefore(const VerseId &last, const VerseId &first)
 
 } // namespace
 
-VerseMapping::VerseMapping(VerseNumbering from, VerseNumbering to) : m_from(std::move(from)), m_to(std::move(to))
+VerseMapping::VerseMapping(VerseNumbering from, VerseNumbering to)
+    : m_from(std::move(from)), m_to(std::move(to))
 {
 }
 
@@ -45,7 +46,8 @@ std::optional<VerseSpan> VerseMapping::mapVerse(int book, int chapter, int verse
     const VerseSpan end = m_to.FromKjv(kjv.last);
     if (start.isEmpty())
         return std::nullopt;
-    VerseSpan mapped{titleAsFirstVerse(start.first), titleAsFirstVerse(end.isEmpty() ? start.last : end.last)};
+    VerseSpan mapped{titleAsFirstVerse(start.first),
+                     titleAsFirstVerse(end.isEmpty() ? start.last : end.last)};
     // A run never leaves the book it starts in, nor ends before it starts.
     if (endsBefore(mapped.last, mapped.first))
         mapped.last = titleAsFirstVerse(start.last);
@@ -65,20 +67,22 @@ std::optional<VerseMapping::Numbers> VerseMapping::Map(const Numbers &passage) c
         const std::optional<VerseSpan> last = mapVerse(passage.book, chapterTo, 1);
         if (!first || !last)
             return std::nullopt;
-        const int lastChapter = last->first.book == first->first.book ? last->first.chapter : first->first.chapter;
+        const int lastChapter =
+            last->first.book == first->first.book ? last->first.chapter : first->first.chapter;
         return Numbers{m_to.BookOfOsis(first->first.book), first->first.chapter, 0,
                        std::max(lastChapter, first->first.chapter), 0};
     }
     const int verseTo = passage.verseTo == 0 ? passage.verseFrom : passage.verseTo;
-    const std::optional<VerseSpan> first = mapVerse(passage.book, passage.chapterFrom, passage.verseFrom);
+    const std::optional<VerseSpan> first =
+        mapVerse(passage.book, passage.chapterFrom, passage.verseFrom);
     const std::optional<VerseSpan> last = mapVerse(passage.book, chapterTo, verseTo);
     if (!first || !last)
         return std::nullopt;
     VerseId end = last->last;
     if (endsBefore(end, first->first))
         end = first->last;
-    return Numbers{m_to.BookOfOsis(first->first.book), first->first.chapter, first->first.verse, end.chapter,
-                   end.verse};
+    return Numbers{m_to.BookOfOsis(first->first.book), first->first.chapter, first->first.verse,
+                   end.chapter, end.verse};
 }
 
 ReaderPlace VerseMapping::Carry(const ReaderPlace &place) const
@@ -99,7 +103,8 @@ ReaderPlace KeepReaderPlace(const clsBible &from, const ReaderPlace &place, cons
     // A chapter the other numbering lacks altogether (the Synodal's Psalm 151): the same book,
     // as near as it goes.
     if (carried.book == 0)
-        carried = {mapping.To().BookOfOsis(mapping.From().OsisOfBook(place.book)), place.chapter, 0};
+        carried = {mapping.To().BookOfOsis(mapping.From().OsisOfBook(place.book)), place.chapter,
+                   0};
     if (carried.book < 1 || carried.book > to.BooksCount())
         return {};
     carried.chapter = std::clamp(carried.chapter, 1, std::max(1, to.Chapters(carried.book)));

@@ -65,7 +65,8 @@ ReaderPlace KeepReaderPlace(const clsBible &from, const ReaderPlace &place, cons
 // The book number a typed book part ("Psalm", "Ps", "1 Jn") names in a translation: by the
 // translation's own book names as the store matches them, else by the English names, so that a
 // translation with book names in another language still answers "Psalm 9:22". 0 when none.
-int BookOfTypedName(const clsBible &bible, const VerseNumbering &numbering, const QString &bookPart);
+int BookOfTypedName(const clsBible &bible, const VerseNumbering &numbering,
+                    const QString &bookPart);
 
 // A passage of the translation open in `to` in the store's standard form: PSALMS 10:1.
 QString StandardOf(const clsBible &to, const VerseMapping::Numbers &passage);

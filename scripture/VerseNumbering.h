@@ -58,7 +58,8 @@ public:
     // known by their English names or else by their place in their testament.
     static VerseNumbering ForTranslation(const clsBible &bible);
     // The file's lines; nothing, with the reason, when a line cannot be read.
-    static std::optional<VerseNumbering> Parse(const QStringList &lines, QString *problem = nullptr);
+    static std::optional<VerseNumbering> Parse(const QStringList &lines,
+                                               QString *problem = nullptr);
     QStringList Lines() const;
 
     QString Name() const { return m_name; }

@@ -18,12 +18,13 @@ const QString NotesFolder = QStringLiteral("notes");
 // A copy that is whole or absent: written beside its place, then renamed.
 bool copyFile(const QString &from, const QString &to)
 {
-    const QString partial = QFileInfo(to).absolutePath() + QStringLiteral("/.") + QFileInfo(to).fileName() +
-                            QStringLiteral(".copying");
+    const QString partial = QFileInfo(to).absolutePath() + QStringLiteral("/.") +
+                            QFileInfo(to).fileName() + QStringLiteral(".copying");
     QFile::remove(partial);
     if (!QFile::copy(from, partial))
         return false;
-    QFile::setPermissions(partial, QFile::permissions(partial) | QFile::WriteOwner | QFile::ReadOwner);
+    QFile::setPermissions(partial,
+                          QFile::permissions(partial) | QFile::WriteOwner | QFile::ReadOwner);
     return QFile::rename(partial, to);
 }
 
@@ -44,7 +45,8 @@ bool copyFolder(const QString &from, const QString &to)
 
 QString DataFolder(const QString &executableFolder)
 {
-    if (executableFolder.isEmpty() || QFileInfo::exists(executableFolder + QStringLiteral("/window.ini")))
+    if (executableFolder.isEmpty() ||
+        QFileInfo::exists(executableFolder + QStringLiteral("/window.ini")))
         return QString();
     const QString data = QDir::cleanPath(executableFolder + QStringLiteral("/../share/quillstone"));
     return QFileInfo::exists(data + QStringLiteral("/window.ini")) ? data : QString();
@@ -65,7 +67,8 @@ QString Prepare(const QString &dataFolder, const QString &userFolder)
     QStringList problems;
     const QDir data(dataFolder);
     const QDir user(userFolder);
-    for (const QFileInfo &entry : data.entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot, QDir::Name)) {
+    for (const QFileInfo &entry :
+         data.entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot, QDir::Name)) {
         const QString name = entry.fileName();
         const QString target = user.filePath(name);
         if (QFileInfo(target).exists() || QFileInfo(target).isSymLink())
@@ -81,11 +84,15 @@ QString Prepare(const QString &dataFolder, const QString &userFolder)
             problems << target;
     }
     // Works removed from the installed data leave links to nothing.
-    for (const QFileInfo &entry : user.entryInfoList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)) {
-        if (entry.isSymLink() && !entry.exists() && entry.symLinkTarget().startsWith(data.absolutePath()))
+    for (const QFileInfo &entry :
+         user.entryInfoList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)) {
+        if (entry.isSymLink() && !entry.exists() &&
+            entry.symLinkTarget().startsWith(data.absolutePath()))
             QFile::remove(entry.absoluteFilePath());
     }
-    return problems.isEmpty() ? QString() : QStringLiteral("cannot prepare ") + problems.join(QStringLiteral(", "));
+    return problems.isEmpty()
+               ? QString()
+               : QStringLiteral("cannot prepare ") + problems.join(QStringLiteral(", "));
 }
 
 } // namespace InstalledCopy

@@ -42,9 +42,10 @@ private slots:
     void initTestCase()
     {
         QVERIFY(m_root.isValid());
-        const QString syn = fixture::makeTranslation(
-            m_root.path(), QStringLiteral("SYN"),
-            {{QStringLiteral("Псалтирь"), false, chapters(151)}, {QStringLiteral("3Иоанна"), true, chapters(1)}});
+        const QString syn =
+            fixture::makeTranslation(m_root.path(), QStringLiteral("SYN"),
+                                     {{QStringLiteral("Псалтирь"), false, chapters(151)},
+                                      {QStringLiteral("3Иоанна"), true, chapters(1)}});
         fixture::writeFile(syn + QStringLiteral("/versification.dat"), fixture::crlf(SynodalLines));
         fixture::makeTranslation(m_root.path(), QStringLiteral("KJV"),
                                  {{QStringLiteral("Genesis"), false, chapters(50)},
@@ -60,16 +61,26 @@ private slots:
         QTest::addColumn<QString>("reference");
         QTest::addColumn<QString>("expected"); // empty: no counterpart
 
-        QTest::newRow("moved verse") << true << "Psalm 9:22" << "PSALMS 10:1";
-        QTest::newRow("back") << false << "Psalm 10:1" << "ПСАЛТИРЬ 9:22";
-        QTest::newRow("title is the first verse") << true << "Ps 9:1" << "PSALMS 9:1";
-        QTest::newRow("title and verse become one") << true << "Псалтирь 22:1" << "PSALMS 23:1";
-        QTest::newRow("one verse, two there") << false << "3 John 1:14" << "3ИОАННА 1:14-15";
-        QTest::newRow("a range keeps both ends") << true << "Psalm 9:21-22" << "PSALMS 9:21-10:1";
-        QTest::newRow("whole chapter by its first verse") << false << "Psalm 23" << "ПСАЛТИРЬ 22";
-        QTest::newRow("unmoved verse") << true << "Psalm 50:3" << "PSALMS 50:3";
-        QTest::newRow("verse the KJV lacks") << true << "Psalm 151:1" << "";
-        QTest::newRow("book the other lacks") << false << "Genesis 1:1" << "";
+        QTest::newRow("moved verse") << true << "Psalm 9:22"
+                                     << "PSALMS 10:1";
+        QTest::newRow("back") << false << "Psalm 10:1"
+                              << "ПСАЛТИРЬ 9:22";
+        QTest::newRow("title is the first verse") << true << "Ps 9:1"
+                                                  << "PSALMS 9:1";
+        QTest::newRow("title and verse become one") << true << "Псалтирь 22:1"
+                                                    << "PSALMS 23:1";
+        QTest::newRow("one verse, two there") << false << "3 John 1:14"
+                                              << "3ИОАННА 1:14-15";
+        QTest::newRow("a range keeps both ends") << true << "Psalm 9:21-22"
+                                                 << "PSALMS 9:21-10:1";
+        QTest::newRow("whole chapter by its first verse") << false << "Psalm 23"
+                                                          << "ПСАЛТИРЬ 22";
+        QTest::newRow("unmoved verse") << true << "Psalm 50:3"
+                                       << "PSALMS 50:3";
+        QTest::newRow("verse the KJV lacks") << true << "Psalm 151:1"
+                                             << "";
+        QTest::newRow("book the other lacks") << false << "Genesis 1:1"
+                                              << "";
     }
     void mapsThroughTheKjv()
     {
@@ -82,7 +93,8 @@ private slots:
         const ReferenceParser::Reference ref = ReferenceParser::Parse(reference);
         const int book = BookOfTypedName(from, mapping.From(), ref.book);
         QVERIFY(book > 0);
-        const auto mapped = mapping.Map({book, ref.chapterFrom, ref.verseFrom, ref.chapterTo, ref.verseTo});
+        const auto mapped =
+            mapping.Map({book, ref.chapterFrom, ref.verseFrom, ref.chapterTo, ref.verseTo});
         QCOMPARE(mapped ? StandardOf(to, *mapped) : QString(), expected);
     }
 
@@ -92,10 +104,13 @@ private slots:
         QTest::addColumn<ReaderPlace>("place");
         QTest::addColumn<ReaderPlace>("expected");
 
-        QTest::newRow("psalm 23 is the Synodal 22") << false << ReaderPlace{2, 23, 0} << ReaderPlace{1, 22, 0};
+        QTest::newRow("psalm 23 is the Synodal 22")
+            << false << ReaderPlace{2, 23, 0} << ReaderPlace{1, 22, 0};
         QTest::newRow("and back") << true << ReaderPlace{1, 22, 0} << ReaderPlace{2, 23, 0};
-        QTest::newRow("a verse goes with its chapter") << true << ReaderPlace{1, 9, 22} << ReaderPlace{2, 10, 1};
-        QTest::newRow("verse the KJV lacks: its chapter") << true << ReaderPlace{1, 151, 1} << ReaderPlace{2, 150, 0};
+        QTest::newRow("a verse goes with its chapter")
+            << true << ReaderPlace{1, 9, 22} << ReaderPlace{2, 10, 1};
+        QTest::newRow("verse the KJV lacks: its chapter")
+            << true << ReaderPlace{1, 151, 1} << ReaderPlace{2, 150, 0};
         QTest::newRow("book the other lacks") << false << ReaderPlace{1, 3, 0} << ReaderPlace{};
     }
     void keepsTheReadersPlace()
@@ -103,8 +118,8 @@ private slots:
         QFETCH(bool, fromSynodal);
         QFETCH(ReaderPlace, place);
         QFETCH(ReaderPlace, expected);
-        const ReaderPlace carried =
-            fromSynodal ? KeepReaderPlace(m_syn, place, m_kjv) : KeepReaderPlace(m_kjv, place, m_syn);
+        const ReaderPlace carried = fromSynodal ? KeepReaderPlace(m_syn, place, m_kjv)
+                                                : KeepReaderPlace(m_kjv, place, m_syn);
         QCOMPARE(carried, expected);
     }
 
@@ -113,8 +128,10 @@ private slots:
         QTest::addColumn<QStringList>("lines");
         QTest::newRow("empty") << QStringList();
         QTest::newRow("no name") << QStringList{QString(), QStringLiteral("BOOKS Ps")};
-        QTest::newRow("unknown kind") << QStringList{QStringLiteral("X"), QStringLiteral("MAP Ps.1.1 Ps.1.2")};
-        QTest::newRow("not a verse") << QStringList{QStringLiteral("X"), QStringLiteral("TOKJV Ps.1 Ps.1.2")};
+        QTest::newRow("unknown kind")
+            << QStringList{QStringLiteral("X"), QStringLiteral("MAP Ps.1.1 Ps.1.2")};
+        QTest::newRow("not a verse")
+            << QStringList{QStringLiteral("X"), QStringLiteral("TOKJV Ps.1 Ps.1.2")};
     }
     void rejectsUnreadableFiles()
     {

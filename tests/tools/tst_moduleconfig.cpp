@@ -19,22 +19,32 @@ private slots:
         QTest::addColumn<bool>("locked");
         QTest::addColumn<QString>("about");
 
-        QTest::newRow("Bible, KJV numbering by default")
-            << "[KJV]\nModDrv=zText\n" << "Bible" << "KJV" << false << "";
+        QTest::newRow("Bible, KJV numbering by default") << "[KJV]\nModDrv=zText\n"
+                                                         << "Bible"
+                                                         << "KJV" << false << "";
         QTest::newRow("Bible in its own numbering, CR LF")
-            << "[SYN]\r\nModDrv=RawText4\r\nVersification=Synodal\r\n" << "Bible" << "Synodal" << false << "";
-        QTest::newRow("commentary") << "[MHC]\nModDrv=zCom4\n" << "Commentary" << "KJV" << false << "";
-        QTest::newRow("lexicon, read by key") << "[Nave]\nModDrv=RawLD4\n" << "Lexicon / Dictionary" << "" << false
-                                               << "";
+            << "[SYN]\r\nModDrv=RawText4\r\nVersification=Synodal\r\n"
+            << "Bible"
+            << "Synodal" << false << "";
+        QTest::newRow("commentary") << "[MHC]\nModDrv=zCom4\n"
+                                    << "Commentary"
+                                    << "KJV" << false << "";
+        QTest::newRow("lexicon, read by key") << "[Nave]\nModDrv=RawLD4\n"
+                                              << "Lexicon / Dictionary"
+                                              << "" << false << "";
         QTest::newRow("own category") << "[Day]\nModDrv=RawLD\nCategory=Daily Devotional\n"
-                                       << "Daily Devotional" << "" << false << "";
-        QTest::newRow("enciphered without a key")
-            << "[Lk]\nModDrv=zText\nCipherKey=\n" << "Bible" << "KJV" << true << "";
-        QTest::newRow("enciphered with a key")
-            << "[Ok]\nModDrv=zText\nCipherKey=abc\n" << "Bible" << "KJV" << false << "";
+                                      << "Daily Devotional"
+                                      << "" << false << "";
+        QTest::newRow("enciphered without a key") << "[Lk]\nModDrv=zText\nCipherKey=\n"
+                                                  << "Bible"
+                                                  << "KJV" << true << "";
+        QTest::newRow("enciphered with a key") << "[Ok]\nModDrv=zText\nCipherKey=abc\n"
+                                               << "Bible"
+                                               << "KJV" << false << "";
         QTest::newRow("long value over lines, first of a repeated key kept")
-            << "[A]\nModDrv=zText\nAbout=one \\\n  two\\\nthree\nAbout=later\n" << "Bible" << "KJV" << false
-            << "one two three";
+            << "[A]\nModDrv=zText\nAbout=one \\\n  two\\\nthree\nAbout=later\n"
+            << "Bible"
+            << "KJV" << false << "one two three";
     }
     void describes()
     {
@@ -51,17 +61,21 @@ private slots:
     void findsInstalledModules()
     {
         QTemporaryDir dir;
-        const auto write = [&](const QString &library, const QString &file, const QByteArray &text) {
+        const auto write = [&](const QString &library, const QString &file,
+                               const QByteArray &text) {
             QDir().mkpath(dir.filePath(library + QStringLiteral("/mods.d")));
             QFile f(dir.filePath(library + QStringLiteral("/mods.d/") + file));
             QVERIFY(f.open(QIODevice::WriteOnly));
             f.write(text);
         };
-        write(QStringLiteral("home"), QStringLiteral("kjv.conf"), "[KJV]\nModDrv=zText\nDescription=Mine\n");
-        write(QStringLiteral("system"), QStringLiteral("kjv.conf"), "[KJV]\nModDrv=zText\nDescription=System\n");
+        write(QStringLiteral("home"), QStringLiteral("kjv.conf"),
+              "[KJV]\nModDrv=zText\nDescription=Mine\n");
+        write(QStringLiteral("system"), QStringLiteral("kjv.conf"),
+              "[KJV]\nModDrv=zText\nDescription=System\n");
         write(QStringLiteral("system"), QStringLiteral("web.conf"), "[WEB]\nModDrv=zText\n");
         write(QStringLiteral("system"), QStringLiteral("globals.conf"), "[Globals]\nOption=On\n");
-        const QStringList libraries = {dir.filePath(QStringLiteral("home")), dir.filePath(QStringLiteral("system"))};
+        const QStringList libraries = {dir.filePath(QStringLiteral("home")),
+                                       dir.filePath(QStringLiteral("system"))};
         const QList<ModuleConfig> modules = InstalledModules(libraries);
         QCOMPARE(modules.size(), 2);
         QCOMPARE(modules.first().Value(QStringLiteral("Description")), QStringLiteral("Mine"));

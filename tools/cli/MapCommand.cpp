@@ -16,8 +16,10 @@ namespace {
 // A translation folder named inside the program folder, or by its own path.
 std::unique_ptr<clsBible> openTranslation(const QString &programFolder, const QString &name)
 {
-    const QString path = QDir::isAbsolutePath(name) ? name : basStrings::JoinPath(programFolder, name);
-    if (name.isEmpty() || !basStrings::FileExists(basStrings::JoinPath(path, QStringLiteral("bible.dat")))) {
+    const QString path =
+        QDir::isAbsolutePath(name) ? name : basStrings::JoinPath(programFolder, name);
+    if (name.isEmpty() ||
+        !basStrings::FileExists(basStrings::JoinPath(path, QStringLiteral("bible.dat")))) {
         err(QStringLiteral("No translation \"%1\" in %2 (a translation folder holds bible.dat).")
                 .arg(name, QDir::toNativeSeparators(programFolder)));
         return nullptr;

@@ -26,8 +26,9 @@ int ModulesCommand(const QStringList &args)
     else if (!args.isEmpty())
         return Usage;
     for (const ModuleConfig &module : InstalledModules(libraries)) {
-        out(QStringList{field(module.Name()), field(module.Type()), field(module.Value(QStringLiteral("Lang"))),
-                        field(module.Versification()), field(module.Value(QStringLiteral("Description")))}
+        out(QStringList{field(module.Name()), field(module.Type()),
+                        field(module.Value(QStringLiteral("Lang"))), field(module.Versification()),
+                        field(module.Value(QStringLiteral("Description")))}
                 .join(u'\t') +
             u'\n');
     }

@@ -54,7 +54,8 @@ const TestamentLabels &labelsFor(const QString &language)
 // A folder name that stays inside the program folder.
 bool isPlainFolderName(const QString &name)
 {
-    return !name.isEmpty() && name != u"." && name != u".." && !name.contains(u'/') && !name.contains(u'\\');
+    return !name.isEmpty() && name != u"." && name != u".." && !name.contains(u'/') &&
+           !name.contains(u'\\');
 }
 
 // Puts the finished folder in place of an earlier import of the same name, if any.
@@ -62,8 +63,9 @@ QString moveIntoPlace(const QString &finished, const QString &target)
 {
     QString old;
     if (QFileInfo::exists(target)) {
-        old = QFileInfo(target).absolutePath() + QStringLiteral("/.") + QFileInfo(target).fileName() +
-              QStringLiteral(".replaced-") + QString::number(::getpid());
+        old = QFileInfo(target).absolutePath() + QStringLiteral("/.") +
+              QFileInfo(target).fileName() + QStringLiteral(".replaced-") +
+              QString::number(::getpid());
         if (!QDir().rename(target, old))
             return QStringLiteral("cannot move the earlier ") + target + QStringLiteral(" aside");
     }
@@ -90,15 +92,20 @@ int ImportModule(const ModuleImportRequest &request, QTextStream &out, QTextStre
     // 1. The module, as its configuration file describes it.
     const std::optional<ModuleConfig> config = FindModule(request.libraries, request.module);
     if (!config)
-        return fail(NotInstalled, QStringLiteral("no module \"%1\" is installed in %2 (see: quillstone-cli modules)")
-                                      .arg(request.module, request.libraries.join(QStringLiteral(" or "))));
+        return fail(
+            NotInstalled,
+            QStringLiteral("no module \"%1\" is installed in %2 (see: quillstone-cli modules)")
+                .arg(request.module, request.libraries.join(QStringLiteral(" or "))));
     const QString name = config->Name();
     if (!config->IsBible())
-        return fail(NotReadable, QStringLiteral("%1 is a %2 module, not a Bible").arg(name, config->Type()));
+        return fail(NotReadable,
+                    QStringLiteral("%1 is a %2 module, not a Bible").arg(name, config->Type()));
     if (config->IsLocked())
-        return fail(Locked, QStringLiteral("%1 is locked: its text is enciphered and its configuration holds no "
-                                           "unlock key (CipherKey in %2)")
-                                .arg(name, config->ConfPath()));
+        return fail(
+            Locked,
+            QStringLiteral("%1 is locked: its text is enciphered and its configuration holds no "
+                           "unlock key (CipherKey in %2)")
+                .arg(name, config->ConfPath()));
     const QString folderName = request.folder.isEmpty() ? name : request.folder;
     if (!isPlainFolderName(folderName))
         return fail(CannotWrite, QStringLiteral("\"%1\" is not a folder name").arg(folderName));
@@ -107,11 +114,13 @@ int ImportModule(const ModuleImportRequest &request, QTextStream &out, QTextStre
     const QString versification = config->Versification();
     if (!IsKnownVersification(versification))
         return fail(NotReadable,
-                    QStringLiteral("%1 names a versification the SWORD library does not know: %2").arg(name, versification));
+                    QStringLiteral("%1 names a versification the SWORD library does not know: %2")
+                        .arg(name, versification));
 
     // 3. The text, read through a library that holds this module's configuration alone.
     QTemporaryDir confs;
-    if (!confs.isValid() || !QFile::copy(config->ConfPath(), confs.filePath(QFileInfo(config->ConfPath()).fileName())))
+    if (!confs.isValid() ||
+        !QFile::copy(config->ConfPath(), confs.filePath(QFileInfo(config->ConfPath()).fileName())))
         return fail(CannotWrite, QStringLiteral("cannot create a temporary folder"));
     SwordLibrary library(confs.path(), config->LibraryFolder());
     if (!library.error().isEmpty())
@@ -139,15 +148,18 @@ int ImportModule(const ModuleImportRequest &request, QTextStream &out, QTextStre
     err << '\n';
     if (!read) {
         if (config->Has(QStringLiteral("CipherKey")))
-            return fail(Locked, QStringLiteral("%1 is locked: its unlock key (CipherKey in %2) does not open it")
-                                    .arg(name, config->ConfPath()));
+            return fail(
+                Locked,
+                QStringLiteral("%1 is locked: its unlock key (CipherKey in %2) does not open it")
+                    .arg(name, config->ConfPath()));
         return fail(NotReadable, QStringLiteral("%1 cannot be read, its data is damaged: %2")
                                      .arg(name, log.failures().join(QStringLiteral("; "))));
     }
     const std::optional<VerseNumbering> numbering = ModuleNumbering(versification, text.osisIds);
     if (!numbering)
         return fail(NotReadable,
-                    QStringLiteral("%1 names a versification the SWORD library does not know: %2").arg(name, versification));
+                    QStringLiteral("%1 names a versification the SWORD library does not know: %2")
+                        .arg(name, versification));
 
     // 4. The folder, written under a temporary name beside its place, then renamed into place.
     const QString root = QDir(request.programFolder).absolutePath();
@@ -159,7 +171,8 @@ int ImportModule(const ModuleImportRequest &request, QTextStream &out, QTextStre
         QDir(root + u'/' + leftover).removeRecursively();
     QTemporaryDir work(root + u'/' + stem + QStringLiteral("XXXXXX"));
     if (!work.isValid())
-        return fail(CannotWrite, QStringLiteral("cannot write in ") + root + QStringLiteral(": ") + work.errorString());
+        return fail(CannotWrite, QStringLiteral("cannot write in ") + root + QStringLiteral(": ") +
+                                     work.errorString());
     const TestamentLabels &labels = labelsFor(language);
     BookFolder &folder = text.strongs;
     folder.displayName = config->Value(QStringLiteral("Description")).simplified();
@@ -168,7 +181,8 @@ int ImportModule(const ModuleImportRequest &request, QTextStream &out, QTextStre
     folder.firstTestament = QString::fromUtf16(labels.first);
     folder.secondTestament = QString::fromUtf16(labels.second);
     bool written = folder.write(work.path(), log, name);
-    written = written && WriteTextFile(work.filePath(VerseNumbering::FileName()), numbering->Lines(), log, name);
+    written = written && WriteTextFile(work.filePath(VerseNumbering::FileName()),
+                                       numbering->Lines(), log, name);
     if (!written)
         return fail(CannotWrite, log.failures().join(QStringLiteral("; ")));
     const QString target = root + u'/' + folderName;
@@ -179,7 +193,8 @@ int ImportModule(const ModuleImportRequest &request, QTextStream &out, QTextStre
 
     log.print(out);
     out << "imported " << name << " (" << versification << ", " << folder.books.size() << " books, "
-        << log.value(name, QStringLiteral("verses with text")) << " verses) into " << target << '\n';
+        << log.value(name, QStringLiteral("verses with text")) << " verses) into " << target
+        << '\n';
     out.flush();
     return Imported;
 }

@@ -9,10 +9,10 @@ namespace importer {
 
 struct ModuleImportRequest
 {
-    QString module;         // the module's name, any case
-    QStringList libraries;  // folders holding mods.d and modules/, searched in order
-    QString programFolder;  // where the translation folder goes
-    QString folder;         // its name; the module's name when empty
+    QString module;        // the module's name, any case
+    QStringList libraries; // folders holding mods.d and modules/, searched in order
+    QString programFolder; // where the translation folder goes
+    QString folder;        // its name; the module's name when empty
 };
 
 // Exit statuses of a module import, as the command reports them.

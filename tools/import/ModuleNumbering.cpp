@@ -52,7 +52,8 @@ VerseSpan lookUp(const char *fromSystem, const char *toSystem, const VerseId &ve
 // the library moves it. From the KJV the titles (verse 0) are looked up too: a verse of one
 // numbering that is a title in the KJV goes on through it to the title in a third.
 template <typename Add>
-void mapSystem(const System &system, const char *fromName, const char *toName, int firstVerse, Add add)
+void mapSystem(const System &system, const char *fromName, const char *toName, int firstVerse,
+               Add add)
 {
     for (int b = 0; b < system.getBookCount(); ++b) {
         const sword::VersificationMgr::Book *book = system.getBook(b);
@@ -78,7 +79,8 @@ bool IsKnownVersification(const QString &name)
     return system && QString::fromLatin1(system->getName()) == name;
 }
 
-std::optional<VerseNumbering> ModuleNumbering(const QString &versification, const QStringList &books)
+std::optional<VerseNumbering> ModuleNumbering(const QString &versification,
+                                              const QStringList &books)
 {
     const System *own = systemNamed(versification);
     const System *kjv = systemNamed(QStringLiteral("KJV"));
@@ -90,10 +92,12 @@ std::optional<VerseNumbering> ModuleNumbering(const QString &versification, cons
     if (versification == u"KJV")
         return numbering;
     const QByteArray name = versification.toLatin1();
-    mapSystem(*own, name.constData(), "KJV", 1,
-              [&](const VerseId &here, const VerseSpan &there) { numbering.addToKjv(here, there); });
-    mapSystem(*kjv, "KJV", name.constData(), 0,
-              [&](const VerseId &there, const VerseSpan &here) { numbering.addFromKjv(there, here); });
+    mapSystem(*own, name.constData(), "KJV", 1, [&](const VerseId &here, const VerseSpan &there) {
+        numbering.addToKjv(here, there);
+    });
+    mapSystem(*kjv, "KJV", name.constData(), 0, [&](const VerseId &there, const VerseSpan &here) {
+        numbering.addFromKjv(there, here);
+    });
     return numbering;
 }
 
@@ -102,7 +106,8 @@ QStringList LocalBookNames(const QString &language)
     QStringList names;
     sword::LocaleMgr *locales = sword::LocaleMgr::getSystemLocaleMgr();
     sword::SWLocale *locale = nullptr;
-    for (const QString &candidate : {language, language.section(u'-', 0, 0), language.section(u'_', 0, 0)}) {
+    for (const QString &candidate :
+         {language, language.section(u'-', 0, 0), language.section(u'_', 0, 0)}) {
         if (!locale && !candidate.isEmpty())
             locale = locales->getLocale(candidate.toUtf8().constData());
     }

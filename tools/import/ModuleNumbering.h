@@ -12,7 +12,8 @@ namespace importer {
 // in the KJV, where it is there, and back. Asked of the library's own versification tables, with
 // fresh keys for each verse (a key left in an error state would carry it into the next look-up).
 // Nothing when the library does not know the versification.
-std::optional<VerseNumbering> ModuleNumbering(const QString &versification, const QStringList &books);
+std::optional<VerseNumbering> ModuleNumbering(const QString &versification,
+                                              const QStringList &books);
 
 // Whether the SWORD library knows a versification of that name ("Synodal", "Vulg").
 bool IsKnownVersification(const QString &name);

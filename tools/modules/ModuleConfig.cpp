@@ -10,12 +10,13 @@
 
 namespace {
 
-const QStringList BibleDrivers = {QStringLiteral("zText"), QStringLiteral("zText4"), QStringLiteral("RawText"),
-                                  QStringLiteral("RawText4")};
+const QStringList BibleDrivers = {QStringLiteral("zText"), QStringLiteral("zText4"),
+                                  QStringLiteral("RawText"), QStringLiteral("RawText4")};
 const QStringList CommentaryDrivers = {QStringLiteral("zCom"),    QStringLiteral("zCom4"),
                                        QStringLiteral("RawCom"),  QStringLiteral("RawCom4"),
                                        QStringLiteral("HREFCom"), QStringLiteral("RawFiles")};
-const QStringList LexiconDrivers = {QStringLiteral("RawLD"), QStringLiteral("RawLD4"), QStringLiteral("zLD")};
+const QStringList LexiconDrivers = {QStringLiteral("RawLD"), QStringLiteral("RawLD4"),
+                                    QStringLiteral("zLD")};
 
 bool containsIgnoringCase(const QStringList &list, const QString &value)
 {
@@ -43,7 +44,8 @@ std::optional<ModuleConfig> ModuleConfig::Parse(const QString &text)
         // A value ending in a backslash goes on over the next line (long "About" texts).
         if (continued) {
             continued = line.endsWith(u'\\');
-            pendingValue = pendingValue.trimmed() + u' ' + (continued ? line.chopped(1) : line).trimmed();
+            pendingValue =
+                pendingValue.trimmed() + u' ' + (continued ? line.chopped(1) : line).trimmed();
             if (!continued)
                 keep();
             continue;
@@ -126,13 +128,16 @@ QList<ModuleConfig> InstalledModules(const QStringList &libraryFolders)
     QSet<QString> seen;
     for (const QString &library : libraryFolders) {
         const QDir modsD(QDir(library).filePath(QStringLiteral("mods.d")));
-        for (const QString &file : modsD.entryList({QStringLiteral("*.conf")}, QDir::Files, QDir::Name)) {
+        for (const QString &file :
+             modsD.entryList({QStringLiteral("*.conf")}, QDir::Files, QDir::Name)) {
             const std::optional<QByteArray> bytes = platform::ReadFileBytes(modsD.filePath(file));
             if (!bytes)
                 continue;
-            std::optional<ModuleConfig> config = ModuleConfig::Parse(platform::DecodeText(*bytes).text);
+            std::optional<ModuleConfig> config =
+                ModuleConfig::Parse(platform::DecodeText(*bytes).text);
             // "globals.conf" and the like hold settings, not a module.
-            if (!config || !config->Has(QStringLiteral("ModDrv")) || seen.contains(config->m_name.toLower()))
+            if (!config || !config->Has(QStringLiteral("ModDrv")) ||
+                seen.contains(config->m_name.toLower()))
                 continue;
             seen.insert(config->m_name.toLower());
             config->m_libraryFolder = QDir(library).absolutePath();

@@ -138,7 +138,13 @@ int ImportModule(const ModuleImportRequest &request, QTextStream &out, QTextStre
     options.strongsCopy = true;
     if (!language.startsWith(QStringLiteral("en")))
         options.bookNames = LocalBookNames(language);
+    // One line rewritten in place on a terminal; in a log, one line for the whole module.
+    const bool terminal = ::isatty(STDERR_FILENO) != 0;
+    if (!terminal)
+        err << "Reading " << name << "...";
     options.progress = [&](int done, int total, const QString &book) {
+        if (!terminal)
+            return;
         err << "\rReading " << name << ": " << book << " (" << done << " of " << total << ")\x1b[K";
         err.flush();
     };

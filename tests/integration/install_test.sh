@@ -33,5 +33,6 @@ test -f "$folder/window.ini" && test ! -L "$folder/window.ini" || fail "window.i
 test -d "$folder/notes" && test ! -L "$folder/notes" || fail "notes are not the user's own"
 "$cli" bookmarks add Psalm "Psalm 23" >/dev/null || fail "a bookmark cannot be added"
 grep -q Psalm "$folder/bookmarks.dat" || fail "the bookmark is not in the user's folder"
+"$cli" bookmarks | grep -q "PSALMS 23" || fail "the next start does not keep the user's bookmarks"
 test -z "$(find "$dest/usr" -newer "$dest/.installed")" || fail "written under /usr: $(find "$dest/usr" -newer "$dest/.installed")"
 echo "installed and ran as a user: ok"

@@ -4,7 +4,9 @@ BUILD   ?= build
 PROGRAM := $(BUILD)/program
 CMAKE_FLAGS ?= -DCMAKE_BUILD_TYPE=RelWithDebInfo
 
-.PHONY: all setup configure build run test bench fuzz asan lint screenshot clean
+PREFIX ?= /usr/local
+
+.PHONY: all setup configure build run test bench fuzz asan lint screenshot clean install deb
 
 all: build
 
@@ -22,6 +24,14 @@ run: build
 
 test: build
 	cd $(BUILD) && ctest --output-on-failure --timeout 600
+
+# Installs under PREFIX (DESTDIR, when set, is put before it).
+install: build
+	cmake --install $(BUILD) --prefix $(PREFIX)
+
+# A Debian package of the program and its data, installed under /usr.
+deb: build
+	cd $(BUILD) && cpack -G DEB
 
 bench: build
 	sh scripts/bench.sh $(BUILD)

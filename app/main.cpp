@@ -2,6 +2,7 @@
 #include "app/frmLoadVersion.h"
 #include "platform/FileSystem.h"
 #include "platform/QtMsgBox.h"
+#include "platform/frmAbout.h"
 #include "settings/ProgramSettings.h"
 
 #include <QApplication>
@@ -13,6 +14,9 @@ int main(int argc, char **argv)
 {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Quillstone Bible System"));
+    // The desktop groups the windows under the installed entry and shows its icon for them.
+    QApplication::setDesktopFileName(frmAbout::DesktopFileName());
+    QApplication::setWindowIcon(frmAbout::AppIcon());
 
     QStringList args = QApplication::arguments().mid(1);
     QString dirOption;

@@ -9,6 +9,7 @@
 #include <QEvent>
 #include <QFont>
 #include <QHBoxLayout>
+#include <QIcon>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
@@ -41,7 +42,8 @@ frmAbout::frmAbout(const QString &creditsPath, QWidget *parent) : QDialog(parent
 
     m_picture = new QLabel(this);
     m_picture->setObjectName(QStringLiteral("imgLogo"));
-    m_picture->setPixmap(DrawLogo(64));
+    setWindowIcon(AppIcon());
+    m_picture->setPixmap(AppIcon().pixmap(64));
     m_picture->setFixedSize(64, 64);
 
     m_title = new QLabel(platform::AppTitle(), this);
@@ -145,6 +147,14 @@ void frmAbout::Label4_Click()
 void frmAbout::cmdOK_Click()
 {
     accept();
+}
+
+QIcon frmAbout::AppIcon()
+{
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 64, 128, 256})
+        icon.addPixmap(DrawLogo(size));
+    return icon;
 }
 
 QPixmap frmAbout::DrawLogo(int size)

@@ -3,6 +3,7 @@
 #include <QDialog>
 #include <QString>
 
+class QIcon;
 class QLabel;
 class QPixmap;
 class QPushButton;
@@ -23,6 +24,10 @@ public:
 
     // The picture beside the title: a book with a quill, drawn rather than loaded.
     static QPixmap DrawLogo(int size);
+    // The same picture as the program's icon, for its windows (the installed SVG icon is the same
+    // drawing), and the name of the desktop entry that the desktop groups the windows under.
+    static QIcon AppIcon();
+    static QString DesktopFileName() { return QStringLiteral("org.quillstone.quillstone"); }
 
 public slots:
     void Label3_Click();

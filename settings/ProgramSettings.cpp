@@ -1,5 +1,7 @@
 #include "settings/ProgramSettings.h"
 
+#include "settings/InstalledCopy.h"
+
 #include <QCoreApplication>
 #include <QDir>
 
@@ -17,6 +19,15 @@ QString ProgramSettings::ResolveProgramFolder(const QString &dirOption)
     if (!fromEnvironment.isEmpty())
         return fromEnvironment;
     const QString folder = QCoreApplication::applicationDirPath();
+    // An installed copy cannot write beside its executable: each user has a folder of their own.
+    const QString installedData = InstalledCopy::DataFolder(folder);
+    if (!installedData.isEmpty()) {
+        const QString user = InstalledCopy::UserFolder();
+        const QString problem = InstalledCopy::Prepare(installedData, user);
+        if (!problem.isEmpty())
+            qWarning("%s", qPrintable(problem));
+        return user;
+    }
     return folder.isEmpty() ? QDir::currentPath() : folder;
 }
 

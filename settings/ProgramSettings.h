@@ -15,8 +15,9 @@ public:
     static ProgramSettings &instance();
 
     // The program folder for a start with the given "--dir" option (empty when none): the
-    // option, else the environment variable QUILLSTONE_DIR, else the executable's folder. The
-    // window and the command line both start from this.
+    // option, else the environment variable QUILLSTONE_DIR, else the executable's folder, or for
+    // an installed copy the user's own folder, prepared from the installed data (InstalledCopy).
+    // The window and the command line both start from this.
     static QString ResolveProgramFolder(const QString &dirOption);
 
     // The executable's folder unless start-up names another (a command-line option, a test).

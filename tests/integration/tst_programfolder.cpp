@@ -6,6 +6,7 @@
 #include "scripture/TranslationCheck.h"
 #include "scripture/basStrings.h"
 #include "scripture/TranslationList.h"
+#include "scripture/VerseMapping.h"
 #include "scripture/clsBible.h"
 
 #include <QTest>
@@ -130,6 +131,20 @@ private slots:
             QVERIFY2(problems.isEmpty(),
                      qPrintable(folder + QStringLiteral(": ") + problems.mid(0, 5).join(u'\n')));
         }
+    }
+
+    // The WEB numbers the end of 3 John and of Revelation 12 unlike the KJV; the import records it.
+    void webKeepsItsNumbering()
+    {
+        clsBible web;
+        web.setVersionPath(path(QStringLiteral("WEB")));
+        clsBible kjv;
+        kjv.setVersionPath(path(QStringLiteral("KJV")));
+        QCOMPARE(VerseNumbering::ForTranslation(web).Name(), QStringLiteral("NRSVA"));
+        const int thirdJohn = web.BookByName(QStringLiteral("3John"));
+        QCOMPARE(KeepReaderPlace(web, {thirdJohn, 1, 15}, kjv), (ReaderPlace{thirdJohn, 1, 14}));
+        QCOMPARE(KeepReaderPlace(kjv, {66, 12, 17}, web), (ReaderPlace{66, 12, 17}));
+        QCOMPARE(KeepReaderPlace(web, {66, 12, 18}, kjv), (ReaderPlace{66, 12, 17}));
     }
 
     void referencesResolve_data()

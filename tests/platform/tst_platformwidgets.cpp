@@ -288,6 +288,8 @@ private slots:
         about.show();
         QCOMPARE(about.objectName(), QStringLiteral("frmAbout"));
         QCOMPARE(about.windowTitle(), QStringLiteral("About Quillstone Bible System"));
+        QCOMPARE(about.findChild<QLabel *>(QStringLiteral("imgLogo"))->pixmap().toImage(),
+                 frmAbout::AppIcon().pixmap(64).toImage());
         QCOMPARE(about.findChild<QLabel *>(QStringLiteral("lbltitle"))->text(),
                  platform::AppTitle());
         QCOMPARE(about.findChild<QLabel *>(QStringLiteral("lblVersion"))->text(),

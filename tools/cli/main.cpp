@@ -2,6 +2,8 @@
 // new translations. Built on the UI-free libraries only.
 #include "BookmarksCommand.h"
 #include "CliOutput.h"
+#include "MapCommand.h"
+#include "ModulesCommand.h"
 #include "ReferenceCommand.h"
 #include "SettingsCommand.h"
 #include "WordStudyCommand.h"
@@ -65,6 +67,8 @@ int usage()
         "  prophecy NAME                     a prophecy's Old Testament reference, then its fulfilment\n"
         "  topic NAME                        a topic's title line, then the text of all its references\n"
         "  verse [--line N]                  the verse of the day for line N of verses.dat (random without it)\n"
+        "  modules [--sword DIR]             the installed SWORD modules: name, type, language, versification\n"
+        "  map --translations FROM,TO REFERENCE...  references in FROM's verse numbering in TO's\n"
         "PROGRAM_FOLDER defaults to $QUILLSTONE_DIR, else the folder of this program."));
     return Usage;
 }
@@ -336,6 +340,10 @@ int main(int argc, char **argv)
     }
     if (command == u"prophecy")
         return args.size() == 1 ? ProphecyCommand(folder, args.first()) : usage();
+    if (command == u"modules" || command == u"map") {
+        const int status = command == u"modules" ? ModulesCommand(args) : MapCommand(folder, args);
+        return status == Usage ? usage() : status;
+    }
 
     if (translation.isEmpty())
         translation = defaultTranslation(folder);

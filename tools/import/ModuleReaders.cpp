@@ -91,7 +91,14 @@ bool ReadBible(sword::SWModule *module, const BibleOptions &options, ImportLog &
         }
         seen.insert(canon);
         const BookInfo &info = CanonBooks()[size_t(canon)];
-        BookText plainBook{options.spanishNames ? info.spanish : info.english, info.testament, {}};
+        const QString ownName = options.bookNames.value(canon);
+        BookText plainBook{!ownName.isEmpty()         ? ownName
+                           : options.spanishNames ? info.spanish
+                                                  : info.english,
+                           info.testament,
+                           {}};
+        if (options.progress)
+            options.progress(b + 1, system->getBookCount(), plainBook.name);
         BookText strongsBook{plainBook.name, info.testament, {}};
 
         for (int c = 1; c <= sourceBook->getChapterMax(); ++c) {
@@ -158,6 +165,18 @@ bool ReadBible(sword::SWModule *module, const BibleOptions &options, ImportLog &
             plainBook.chapters.append(plainLines);
             strongsBook.chapters.append(strongsLines);
         }
+        // Outside a whole Bible, a book the module leaves empty is left out, and so are the
+        // empty chapters at its end.
+        if (!options.wholeBible) {
+            while (!plainBook.chapters.isEmpty() && plainBook.chapters.last().isEmpty()) {
+                plainBook.chapters.removeLast();
+                strongsBook.chapters.removeLast();
+            }
+            if (plainBook.chapters.isEmpty()) {
+                seen.remove(canon);
+                continue;
+            }
+        }
         plainBooks.insert(canon, plainBook);
         strongsBooks.insert(canon, strongsBook);
     }
@@ -166,11 +185,12 @@ bool ReadBible(sword::SWModule *module, const BibleOptions &options, ImportLog &
 
     // A module read with the wrong driver or encoding yields empty or undecodable text; such
     // output is not written.
-    if (seen.size() != int(CanonBooks().size())) {
+    if (options.wholeBible && seen.size() != int(CanonBooks().size())) {
         log.fail(work, QStringLiteral("the module has %1 of the 66 books").arg(seen.size()));
         return false;
     }
-    if (verses < 20000 || emptySlots * 50 > verses || undecodable * 1000 > verses) {
+    if ((options.wholeBible && verses < 20000) || verses == 0 || emptySlots * 50 > verses ||
+        undecodable * 1000 > verses) {
         log.fail(work, QStringLiteral("unreadable module text (%1 verses with text, %2 empty, "
                                       "%3 undecodable)")
                            .arg(verses)
@@ -179,6 +199,8 @@ bool ReadBible(sword::SWModule *module, const BibleOptions &options, ImportLog &
         return false;
     }
     out.plain.books = plainBooks.values();
+    for (const int canon : plainBooks.keys())
+        out.osisIds.append(QString::fromLatin1(CanonBooks()[size_t(canon)].osisId));
     if (options.strongsCopy)
         out.strongs.books = strongsBooks.values();
     return true;

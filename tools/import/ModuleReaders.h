@@ -33,6 +33,13 @@ struct BibleOptions
     bool spanishNames = false;
     bool strongsCopy = false;   // also build the copy with Strong's numbers in braces
     bool collectTagged = false; // keep the tagged words for the word studies
+    // A whole Bible must hold the 66 books and most of their verses; otherwise any books with
+    // text are taken (a New Testament, a few books), the others left out.
+    bool wholeBible = true;
+    // Names by position in CanonBooks() where given (a module's own language), else the table's.
+    QStringList bookNames;
+    // Told of each book as it is read: its position among the module's books and their count.
+    std::function<void(int done, int total, const QString &book)> progress;
 };
 
 struct BibleText
@@ -40,6 +47,7 @@ struct BibleText
     BookFolder plain;
     BookFolder strongs;
     QList<VerseWords> tagged;
+    QStringList osisIds; // of plain.books, in their order
 };
 
 // Reads the 66 books of a Bible module (other books the module carries are skipped). Verses are

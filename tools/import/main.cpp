@@ -4,12 +4,15 @@
 #include "tools/import/BookFolder.h"
 #include "tools/import/BookTable.h"
 #include "tools/import/ImportLog.h"
+#include "tools/import/ModuleImport.h"
+#include "tools/import/ModuleNumbering.h"
 #include "tools/import/ModuleReaders.h"
 #include "tools/import/OutputFiles.h"
 #include "tools/import/SwordLibrary.h"
 #include "tools/import/TopicIndex.h"
 #include "tools/import/Versification.h"
 #include "tools/import/WordStudy.h"
+#include "tools/modules/ModuleConfig.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -19,6 +22,8 @@
 #include <QTextStream>
 
 #include <cstdio>
+
+#include <swmodule.h>
 
 using namespace importer;
 
@@ -34,6 +39,10 @@ int usage(QTextStream &err)
 {
     err << "usage: quillstone-import --out PROGRAM_FOLDER [--modules LIST] [--conf DIR] "
            "[--sword DIR]\n"
+           "       quillstone-import --module NAME [--sword DIR] --out PROGRAM_FOLDER [--folder FOLDER]\n"
+           "  NAME   an installed SWORD Bible module (quillstone-cli modules lists them), imported\n"
+           "         into PROGRAM_FOLDER/FOLDER (FOLDER defaults to NAME); --sword defaults to\n"
+           "         ~/.sword, then /usr/share/sword\n"
            "  LIST   comma-separated parts to write (default all): "
         << AllParts.join(u',')
         << "\n"
@@ -84,8 +93,13 @@ int main(int argc, char *argv[])
     QTextStream err(stderr);
 
     QString outDir;
+    // Our corrected configuration files: in the sources, or beside an installed importer.
     QString confDir = QStringLiteral(QS_IMPORT_CONF_DIR);
-    QString swordDir = QStringLiteral("/usr/share/sword");
+    if (!QFileInfo(confDir).isDir())
+        confDir = QCoreApplication::applicationDirPath() + QStringLiteral("/../share/quillstone-import/mods.d");
+    QString swordDir;
+    QString moduleName;
+    QString folderName;
     QStringList parts = AllParts;
     const QStringList args = app.arguments().mid(1);
     for (qsizetype i = 0; i < args.size(); ++i) {
@@ -97,13 +111,23 @@ int main(int argc, char *argv[])
             confDir = args.at(++i);
         else if (a == u"--sword" && hasValue)
             swordDir = args.at(++i);
+        else if (a == u"--module" && hasValue)
+            moduleName = args.at(++i);
+        else if (a == u"--folder" && hasValue)
+            folderName = args.at(++i);
         else if (a == u"--modules" && hasValue)
             parts = args.at(++i).toLower().split(u',', Qt::SkipEmptyParts);
         else
             return usage(err);
     }
-    if (outDir.isEmpty())
+    if (outDir.isEmpty() || (moduleName.isEmpty() && !folderName.isEmpty()))
         return usage(err);
+    if (!moduleName.isEmpty()) {
+        const QStringList libraries = swordDir.isEmpty() ? DefaultLibraryFolders() : QStringList{swordDir};
+        return ImportModule({moduleName, libraries, outDir, folderName}, out, err);
+    }
+    if (swordDir.isEmpty())
+        swordDir = QStringLiteral("/usr/share/sword");
     for (const QString &p : std::as_const(parts)) {
         if (!AllParts.contains(p)) {
             err << "unknown part: " << p << '\n';
@@ -135,7 +159,10 @@ int main(int argc, char *argv[])
     BibleText kjv;
     bool haveKjv = false;
     if (sword::SWModule *module = open("engKJV2006eb", QStringLiteral("KJV"))) {
-        const BibleOptions options{QStringLiteral("KJV"), false, wants("kjvs"), wordStudies};
+        BibleOptions options;
+        options.work = QStringLiteral("KJV");
+        options.strongsCopy = wants("kjvs");
+        options.collectTagged = wordStudies;
         haveKjv = ReadBible(module, options, log, kjv);
     }
     Versification versification;
@@ -183,12 +210,23 @@ int main(int argc, char *argv[])
             continue;
         if (sword::SWModule *module = open(o.module, o.folder)) {
             BibleText text;
-            if (ReadBible(module, BibleOptions{o.folder, o.spanish, false, false}, log, text)) {
+            BibleOptions options;
+            options.work = o.folder;
+            options.spanishNames = o.spanish;
+            if (ReadBible(module, options, log, text)) {
                 text.plain.displayName = o.name;
                 text.plain.firstTestament = o.first;
                 text.plain.secondTestament = o.second;
                 countFolder(log, o.folder, text.plain);
                 text.plain.write(root + u'/' + o.folder, log, o.folder);
+                // The WEB numbers a few verses unlike the KJV; the file says which.
+                const QString system = QString::fromUtf8(module->getConfigEntry("Versification"));
+                if (const std::optional<VerseNumbering> numbering =
+                        ModuleNumbering(system.isEmpty() ? QStringLiteral("KJV") : system, text.osisIds))
+                    WriteTextFile(root + u'/' + o.folder + u'/' + VerseNumbering::FileName(),
+                                  numbering->Lines(), log, o.folder);
+                else
+                    log.fail(o.folder, QStringLiteral("unknown versification ") + system);
             }
         }
     }

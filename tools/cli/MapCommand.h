@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace cli {
+
+// "map --translations FROM,TO REFERENCE...": each reference, read in FROM's verse numbering, in
+// TO's numbering and standard form ("PSALMS 10:1"), one a line. A reference whose book FROM lacks
+// gives an empty line, a message and exit status 2; one without a counterpart in TO (TO lacks the
+// book or the verse) an empty line, a message and exit status 1.
+int MapCommand(const QString &programFolder, const QStringList &args);
+
+} // namespace cli

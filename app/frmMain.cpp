@@ -16,6 +16,7 @@
 #include "platform/frmAbout.h"
 #include "scripture/StrongConcordance.h"
 #include "scripture/TranslationList.h"
+#include "scripture/VerseMapping.h"
 #include "scripture/basStrings.h"
 #include "settings/ProgramSettings.h"
 #include "settings/WindowPlacement.h"
@@ -174,13 +175,13 @@ void frmMain::checkDataFiles()
 
 bool frmMain::LoadTranslation(const QString &folder)
 {
-    // Keep the reader's place when another translation is opened over this one: the same book by
-    // name, else by number when both translations have the same books.
+    // Keep the reader's place when another translation is opened over this one: the book and
+    // chapter carried through both translations' verse numbering.
     const bool reopening = !m_translationFolder.isEmpty();
     if (reopening && !m_study->askToKeepNotes())
         return false;
     const Passage place = m_study->chapterOnDisplay();
-    const int oldCount = m_bible.BooksCount();
+    const clsBible before = m_bible;
 
     m_translationFolder = folder;
     const QString path = basStrings::JoinPath(programFolder(), folder);
@@ -200,11 +201,16 @@ bool frmMain::LoadTranslation(const QString &folder)
 
     if (!reopening || !place.found())
         return true;
-    int book = m_bible.BookByName(place.book);
-    if (book == 0 && oldCount == m_bible.BooksCount())
-        book = place.bookNumber;
-    if (book != 0)
-        m_navigator->choose(book, place.chapterFrom);
+    ReaderPlace there = KeepReaderPlace(before, {place.bookNumber, place.chapterFrom, 0}, m_bible);
+    // A book the numbering does not know: the same book by name, else by number when both
+    // translations have as many books.
+    if (there.book == 0) {
+        there = {m_bible.BookByName(place.book), place.chapterFrom, 0};
+        if (there.book == 0 && before.BooksCount() == m_bible.BooksCount())
+            there.book = place.bookNumber;
+    }
+    if (there.book != 0)
+        m_navigator->choose(there.book, there.chapter);
     return true;
 }
 

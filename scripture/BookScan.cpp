@@ -41,7 +41,7 @@ int letterFrequency(QChar c)
     if (c < u'A' || c > u'Z')
         return -1;
     for (int i = 0; order[i]; ++i) {
-        if (order[i] == c.unicode())
+        if (char16_t(order[i]) == c.unicode())
             return i;
     }
     return -1;

@@ -6,6 +6,7 @@
 #include "settings/WindowSettings.h"
 #include "settings/basSettings.h"
 
+#include <cmath>
 #include <QCheckBox>
 #include <QEvent>
 #include <QFormLayout>
@@ -320,7 +321,7 @@ void frmOptions::changeFont(Area area)
     edited.FontName = TextStyle::FixedFontName(m_fontDialog.FontName());
     edited.FontBold = m_fontDialog.FontBold() ? -1 : 0;
     edited.FontItalic = m_fontDialog.FontItalic() ? -1 : 0;
-    edited.FontSize = qint32(m_fontDialog.FontSize() + 0.5);
+    edited.FontSize = qint32(std::lround(m_fontDialog.FontSize()));
     refreshPreview();
 }
 

@@ -243,6 +243,30 @@ private slots:
         QFile::remove(m_dir.path() + QStringLiteral("/dictionary.dat"));
     }
 
+    // Another translation numbered otherwise: the chapter on display is carried through both
+    // numberings (the Synodal Psalm 22 is the KJV's Psalm 23).
+    void anotherNumberingKeepsThePlace()
+    {
+        const QList<Book> psalms = {{QStringLiteral("Psalms"), false, chapters(QStringLiteral("Psalms"), QList<int>(30, 3))}};
+        makeTranslation(m_dir.path(), QStringLiteral("SYN"), wholeBible(psalms), QStringLiteral("Synodal Version"));
+        makeTranslation(m_dir.path(), QStringLiteral("PSA"), wholeBible(psalms), QStringLiteral("Psalter Version"));
+        writeFile(m_dir.path() + QStringLiteral("/SYN/versification.dat"),
+                  "Synodal\r\nBOOKS Gen Exod Lev Num Deut Josh Judg Ruth 1Sam 2Sam 1Kgs 2Kgs 1Chr 2Chr Ezra Neh Esth Job Ps "
+                  "Prov Eccl Song Isa Jer Lam Ezek Dan Hos Joel Amos Obad Jonah Mic Nah Hab Zeph Hag Zech Mal Matt Mark "
+                  "Luke John Acts Rom 1Cor 2Cor Gal Eph Phil Col 1Thess 2Thess 1Tim 2Tim Titus Phlm Heb Jas 1Pet 2Pet "
+                  "1John 2John 3John Jude Rev\r\nTOKJV Ps.22.1 Ps.23.1\r\nFROMKJV Ps.23.1 Ps.22.1\r\n");
+        writeIni("[load]\r\nautoload=0\r\n");
+        platform::MsgBoxAnswerer answers;
+        ProgramHarness program(m_dir.path());
+        QVERIFY(program.start(QStringLiteral("PSA")));
+        getReference(program, QStringLiteral("Psalm 23"));
+        for (QAction *entry : program.control<QMenu>("mnuTranslations")->actions())
+            if (entry->text() == QStringLiteral("Synodal Version"))
+                entry->trigger();
+        QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("PSALMS 22"));
+        QCOMPARE(program.control<QListWidget>("lstChapters")->currentItem()->text(), QStringLiteral("22"));
+    }
+
     void updateList()
     {
         writeIni("[load]\r\nautoload=0\r\n");

@@ -23,10 +23,11 @@ const QString kWidth = QStringLiteral("width");
 const QString kHeight = QStringLiteral("height");
 
 // The frame the window manager put around the last window shown. A window's own frame is known
-// only once it is on screen; until then the last one seen is the best guess.
+// only once it is on screen; until then the last one seen is the best guess, and before any was
+// seen, none (an empty QSize is -1 by -1, which would make the first window a pixel larger).
 QSize &lastFrameExtra()
 {
-    static QSize extra;
+    static QSize extra(0, 0);
     return extra;
 }
 

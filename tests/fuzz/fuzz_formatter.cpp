@@ -35,6 +35,7 @@ std::optional<Shown> expected(const QString &passage)
 {
     Shown shown;
     int depth = 0;
+    bool blankTaken = false;
     for (qsizetype i = 0; i < passage.size(); ++i) {
         const QChar c = passage.at(i);
         const char16_t u = c.unicode();
@@ -55,11 +56,17 @@ std::optional<Shown> expected(const QString &passage)
             if (--depth < 0)
                 return std::nullopt;
         } else if (u == u']') {
-            // The formatter's own blank stands for the one the control word takes after it.
-            shown.text += u' ';
-            shown.superscript += depth > 0 ? u'S' : u'.';
-            if (i + 1 < passage.size() && passage.at(i + 1) == u' ')
+            // The formatter's blank before the control word shows; the control word takes the
+            // blank after it, the text's own or the next bracket's.
+            if (!blankTaken) {
+                shown.text += u' ';
+                shown.superscript += depth > 0 ? u'S' : u'.';
+            }
+            const QChar next = i + 1 < passage.size() ? passage.at(i + 1) : QChar();
+            if (next == u' ')
                 ++i;
+            blankTaken = next == u']';
+            continue;
         } else if (u != u'[') {
             shown.text += c;
             shown.superscript += depth > 0 ? u'S' : u'.';

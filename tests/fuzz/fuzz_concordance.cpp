@@ -32,10 +32,10 @@ void writeTranslation(const QString &folder, const QByteArray &secondTestamentBo
     fuzz::write(folder + QStringLiteral("/oldtest/map.dat"), "\"Genesis\",2\r\n");
     fuzz::write(folder + QStringLiteral("/newtest/map.dat"), "\"Matthew\",2\r\n\"Mark\",1\r\n");
     fuzz::write(folder + QStringLiteral("/oldtest/GENESIS.dat"),
-                "Genesis\r\nCHAPTER 1\r\n1 In the beginning God created\r\nCHAPTER 2\r\n1 Thus\r\n");
+                "CHAPTER 1\r\n1 In the beginning God created\r\nCHAPTER 2\r\n1 Thus\r\n");
     fuzz::write(folder + QStringLiteral("/newtest/MATTHEW.dat"), secondTestamentBook);
     fuzz::write(folder + QStringLiteral("/newtest/MARK.dat"),
-                "Mark\r\nCHAPTER 1\r\n1 The beginning{G746} of the gospel{G2098}\r\n");
+                "CHAPTER 1\r\n1 The beginning{G746} of the gospel{G2098}\r\n");
 }
 
 } // namespace
@@ -55,13 +55,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 
     BookFiles::clear();
     const QString program = fuzz::freshFolder(QStringLiteral("program"));
-    writeTranslation(program + QStringLiteral("/AKJV"), "Matthew\r\nCHAPTER 1\r\n1 The book of the generation\r\n");
+    // A translation without numbers listed first, so the search for a tagged one passes over it.
+    writeTranslation(program + QStringLiteral("/AKJV"), "CHAPTER 1\r\n1 The book of the generation\r\n");
     writeTranslation(program + QStringLiteral("/TAGGED"), input.size() > 1 ? input.at(1) : QByteArray());
-    clsBible plain;
-    plain.setVersionPath(program + QStringLiteral("/AKJV"));
     clsBible tagged;
     tagged.setVersionPath(program + QStringLiteral("/TAGGED"));
-    check(!StrongConcordance::CarriesNumbers(plain));
     check(StrongConcordance::TaggedTranslation(program) ==
           (StrongConcordance::CarriesNumbers(tagged) ? QStringLiteral("TAGGED") : QString()));
 

@@ -29,15 +29,22 @@ function(qs_add_test name)
   set_tests_properties(${name} PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QS_SOURCE_DIR=${CMAKE_SOURCE_DIR};QS_PROGRAM_DIR=${QS_PROGRAM_DIR};${QS_LSAN_ENV}")
 endfunction()
 
-# A fuzz target: a source defining LLVMFuzzerTestOneInput and a folder of seed inputs.
-# Normal builds link it with a small driver that replays the seeds under CTest, so a crash found
-# once stays fixed; with QS_FUZZ (clang) it links libFuzzer for real fuzzing.
+# A fuzz target: a source defining LLVMFuzzerTestOneInput and a folder of seed inputs (and, where
+# the input has a syntax, a dictionary of its words). Normal builds link it with a small driver that
+# replays the seeds under CTest, so a crash found once stays fixed; with QS_FUZZ (clang) it links
+# libFuzzer for real fuzzing, and the fuzz script finds the seeds and dictionary through a file
+# named after the target beside it.
 function(qs_add_fuzz_target name)
-  cmake_parse_arguments(F "" "CORPUS" "SOURCES;LIBS" ${ARGN})
+  cmake_parse_arguments(F "" "CORPUS;DICT" "SOURCES;LIBS" ${ARGN})
   if(QS_FUZZ)
-    add_executable(${name} ${F_SOURCES})
+    add_executable(${name} ${F_SOURCES} ${PROJECT_SOURCE_DIR}/tests/fuzz/FuzzOptions.cpp)
     target_compile_options(${name} PRIVATE -fsanitize=fuzzer,address,undefined)
     target_link_options(${name} PRIVATE -fsanitize=fuzzer,address,undefined)
+    set(inputs "seeds=${F_CORPUS}\n")
+    if(F_DICT)
+      string(APPEND inputs "dict=${F_DICT}\n")
+    endif()
+    file(WRITE ${CMAKE_BINARY_DIR}/fuzz/${name}.inputs "${inputs}")
   else()
     add_executable(${name} ${F_SOURCES} ${PROJECT_SOURCE_DIR}/tests/fuzz/ReplayMain.cpp)
   endif()

@@ -2,6 +2,28 @@
 
 namespace PassageFormatter {
 
+namespace {
+
+// "]" ends the italics. A digit right after the control word would be read as its parameter
+// ("\i05" turns italics on and loses the 5), so a blank ends the word before a digit.
+QString closeItalics(const QString &rtf)
+{
+    QString out;
+    out.reserve(rtf.size() + rtf.count(u']') * 4);
+    for (qsizetype i = 0; i < rtf.size(); ++i) {
+        if (rtf.at(i) != u']') {
+            out += rtf.at(i);
+            continue;
+        }
+        out += QStringLiteral(" \\i0");
+        if (i + 1 < rtf.size() && rtf.at(i + 1) >= u'0' && rtf.at(i + 1) <= u'9')
+            out += u' ';
+    }
+    return out;
+}
+
+} // namespace
+
 QString ToRichText(const QString &text, bool wholeDocument)
 {
     QString rtf = text;
@@ -10,7 +32,8 @@ QString ToRichText(const QString &text, bool wholeDocument)
     rtf.replace(QStringLiteral("{"), QStringLiteral("{\\super {\\fs0 '}"));
     rtf.replace(QStringLiteral("\r\n"), QStringLiteral("\\par "));
     rtf.replace(QStringLiteral("["), QStringLiteral("\\i "));
-    rtf.replace(QStringLiteral("]"), QStringLiteral(" \\i0"));
+    if (rtf.contains(u']'))
+        rtf = closeItalics(rtf);
     if (!wholeDocument)
         return rtf;
     return QString::fromUtf16(kDocumentHeader) + rtf + QString::fromUtf16(kDocumentFooter);

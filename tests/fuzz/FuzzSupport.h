@@ -1,14 +1,18 @@
 #pragma once
 
-// Shared set-up for the fuzz targets: messages are swallowed, and a scratch translation folder is
-// written once per process.
+// Shared set-up for the fuzz targets: messages are swallowed, files go to a scratch folder, and the
+// input can be cut into several files.
 #include "platform/MsgBox.h"
 
 #include <QByteArray>
 #include <QDir>
 #include <QFile>
+#include <QList>
 #include <QString>
 #include <QTemporaryDir>
+
+#include <cstddef>
+#include <cstdint>
 
 namespace fuzz {
 
@@ -27,6 +31,32 @@ inline QTemporaryDir &scratch()
 {
     static QTemporaryDir dir;
     return dir;
+}
+
+// An empty folder of the scratch folder: whatever an earlier run wrote there is gone, so no run
+// reads a file that only an earlier input made.
+inline QString freshFolder(const QString &name)
+{
+    const QString path = scratch().path() + u'/' + name;
+    QDir(path).removeRecursively();
+    QDir().mkpath(path);
+    return path;
+}
+
+// The input cut at each NUL-NUL into at most count parts; the last part keeps any further cuts.
+inline QList<QByteArray> parts(const uint8_t *data, size_t size, int count)
+{
+    QByteArray rest(reinterpret_cast<const char *>(data), qsizetype(size));
+    QList<QByteArray> result;
+    while (result.size() + 1 < count) {
+        const qsizetype cut = rest.indexOf(QByteArray("\0\0", 2));
+        if (cut < 0)
+            break;
+        result.append(rest.left(cut));
+        rest.remove(0, cut + 2);
+    }
+    result.append(rest);
+    return result;
 }
 
 inline void write(const QString &path, const QByteArray &bytes)

@@ -2,6 +2,7 @@
 // or hang. The input is split at the first NUL-NUL: map.dat before it, the book file after it.
 #include "FuzzSupport.h"
 #include "scripture/AdvancedSearch.h"
+#include "scripture/BookFiles.h"
 #include "scripture/QuickSearch.h"
 #include "scripture/TranslationCheck.h"
 #include "scripture/clsBible.h"
@@ -18,7 +19,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     const QByteArray map = cut < 0 ? input : input.left(cut);
     const QByteArray book = cut < 0 ? QByteArray("CHAPTER 1\r\n1 x\r\n") : input.mid(cut + 2);
 
-    const QString root = fuzz::scratch().path() + QStringLiteral("/BOOKS");
+    // The store keeps book files while their size and time stay the same, and a file rewritten
+    // within the same clock tick keeps both: each run starts with nothing kept.
+    BookFiles::clear();
+    const QString root = fuzz::freshFolder(QStringLiteral("BOOKS"));
     fuzz::write(root + QStringLiteral("/bible.dat"), "Fuzz\r\nOld\r\nNew\r\n");
     fuzz::write(root + QStringLiteral("/oldtest/map.dat"), map);
     fuzz::write(root + QStringLiteral("/newtest/map.dat"), "\"Zed\",2\r\n");

@@ -1,5 +1,6 @@
 // Any bytes read as rich text give a document without crashing or hanging, and what the writer
 // makes of that document reads back to the same text.
+#include "FuzzApplication.h"
 #include "platform/RtfReader.h"
 #include "platform/RtfWriter.h"
 
@@ -10,24 +11,9 @@
 
 #include <cstdint>
 
-namespace {
-void ensureApplication()
-{
-    static QGuiApplication *app = [] {
-        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-            qputenv("QT_QPA_PLATFORM", "offscreen");
-        static int argc = 1;
-        static char name[] = "fuzz_rtf";
-        static char *argv[] = {name, nullptr};
-        return new QGuiApplication(argc, argv);
-    }();
-    (void)app;
-}
-} // namespace
-
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
-    ensureApplication();
+    fuzz::ensureApplication<QGuiApplication>();
     const QByteArray bytes(reinterpret_cast<const char *>(data), qsizetype(size));
     QTextDocument doc;
     platform::RtfReader::read(bytes, &doc);

@@ -75,6 +75,7 @@ private slots:
         QTest::newRow("strong's number") << "God{H430} said" << true
                                          << "{\\rtf {\\colortbl ;\\red255\\green0\\blue0;}God{\\super {\\fs0 '}H430} said}";
         QTest::newRow("unmatched brace kept") << "a{b" << false << "a{\\super {\\fs0 '}b";
+        QTest::newRow("digit after added words") << "[is]5" << false << "\\i is \\i0 5";
     }
     void formatter()
     {

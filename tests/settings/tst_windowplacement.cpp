@@ -55,7 +55,6 @@ private slots:
     {
         QTest::addColumn<QRect>("outer");
         QTest::addColumn<QRect>("fitted");
-        const QRect screen(0, 0, 1440, 900);
         QTest::newRow("inside") << QRect(80, 60, 1000, 720) << QRect(80, 60, 1000, 720);
         QTest::newRow("off the bottom") << QRect(80, 300, 1000, 720) << QRect(80, 180, 1000, 720);
         QTest::newRow("off the left and top") << QRect(-500, -20, 400, 300) << QRect(0, 0, 400, 300);

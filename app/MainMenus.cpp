@@ -39,12 +39,15 @@ MainMenus::MainMenus(QMainWindow *window) : QObject(window)
     edit->addSeparator();
     mnuEditFind = add(edit, "mnuEditFind", tr("&Find"), QKeySequence::Find);
     edit->addSeparator();
-    mnuEditOptions = add(edit, "mnuEditOptions", tr("&Options..."), QKeySequence(QStringLiteral("Ctrl+,")));
+    mnuEditOptions =
+        add(edit, "mnuEditOptions", tr("&Options..."), QKeySequence(QStringLiteral("Ctrl+,")));
 
     mnuBookmarks = bar->addMenu(tr("&Bookmarks"));
     mnuBookmarks->setObjectName(QStringLiteral("mnuBookmarks"));
-    mnuBookmarksAdd = add(mnuBookmarks, "mnuBookmarksAdd", tr("Add Passage to bookmarks"), QKeySequence(QStringLiteral("Ctrl+D")));
-    mnuBookmarksOrganize = add(mnuBookmarks, "mnuBookmarksOrganize", tr("&Organize Bookmarks"), QKeySequence(QStringLiteral("Ctrl+B")));
+    mnuBookmarksAdd = add(mnuBookmarks, "mnuBookmarksAdd", tr("Add Passage to bookmarks"),
+                          QKeySequence(QStringLiteral("Ctrl+D")));
+    mnuBookmarksOrganize = add(mnuBookmarks, "mnuBookmarksOrganize", tr("&Organize Bookmarks"),
+                               QKeySequence(QStringLiteral("Ctrl+B")));
     mnuBookmarks->addSeparator();
 
     mnuTranslations = bar->addMenu(tr("&Translations"));
@@ -54,15 +57,19 @@ MainMenus::MainMenus(QMainWindow *window) : QObject(window)
     QMenu *references = bar->addMenu(tr("Refere&nces"));
     mnuReferencesDictionary = add(references, "mnuReferencesDictionary", tr("&Dictionary"));
     mnuReferencesStrong = add(references, "mnuReferencesStrong", tr("&Strong's Lexicon"));
-    mnuReferencesConcordance = add(references, "mnuReferencesConcordance", tr("Strong's &Concordance"));
+    mnuReferencesConcordance =
+        add(references, "mnuReferencesConcordance", tr("Strong's &Concordance"));
     references->addSeparator();
     mnuReferencesNames = add(references, "mnuReferencesNames", tr("Bible &Names"));
     mnuReferencesTopics = add(references, "mnuReferencesTopics", tr("Bible &Topics"));
     mnuReferencesStories = add(references, "mnuReferencesStories", tr("Famous Bible St&ories"));
     references->addSeparator();
-    mnuReferencesParables = add(references, "mnuReferencesParables", tr("Parables of &Jesus Christ"));
-    mnuReferencesMiracles = add(references, "mnuReferencesMiracles", tr("&Miracles of Jesus Christ"));
-    mnuReferencesProphecies = add(references, "mnuReferencesProphecies", tr("&Prophecies and Fulfilment"));
+    mnuReferencesParables =
+        add(references, "mnuReferencesParables", tr("Parables of &Jesus Christ"));
+    mnuReferencesMiracles =
+        add(references, "mnuReferencesMiracles", tr("&Miracles of Jesus Christ"));
+    mnuReferencesProphecies =
+        add(references, "mnuReferencesProphecies", tr("&Prophecies and Fulfilment"));
     references->addSeparator();
     mnuReferencesUnits = add(references, "mnuReferencesUnits", tr("&Units Table"));
     mnuReferencesVerseOfDay = add(references, "mnuReferencesVerseOfDay", tr("&Verse of the Day"));
@@ -87,10 +94,14 @@ MainMenus::MainMenus(QMainWindow *window) : QObject(window)
     mnuRightClick->addSeparator();
     mnuRightclickCopy = add(mnuRightClick, "mnuRightclickCopy", tr("&Copy"));
     mnuRightclickSearch = add(mnuRightClick, "mnuRightclickSearch", tr("&Search the Bible"));
-    mnuRightclickDictionary = add(mnuRightClick, "mnuRightclickDictionary", tr("Look up in &Dictionary"));
-    mnuRichtclickBiblenames = add(mnuRightClick, "mnuRichtclickBiblenames", tr("Look up in Bible &Names"));
-    mnuRightclickStrongLexicon = add(mnuRightClick, "mnuRightclickStrongLexicon", tr("Strong's Lexicon Entry?"));
-    mnuRightClickLookupReference = add(mnuRightClick, "mnuRightClickLookupReference", tr("&Look up Reference"));
+    mnuRightclickDictionary =
+        add(mnuRightClick, "mnuRightclickDictionary", tr("Look up in &Dictionary"));
+    mnuRichtclickBiblenames =
+        add(mnuRightClick, "mnuRichtclickBiblenames", tr("Look up in Bible &Names"));
+    mnuRightclickStrongLexicon =
+        add(mnuRightClick, "mnuRightclickStrongLexicon", tr("Strong's Lexicon Entry?"));
+    mnuRightClickLookupReference =
+        add(mnuRightClick, "mnuRightClickLookupReference", tr("&Look up Reference"));
 }
 
 void MainMenus::setBookmarks(const QStringList &names)
@@ -100,16 +111,19 @@ void MainMenus::setBookmarks(const QStringList &names)
     m_bookmarkEntries.reserve(names.size());
     for (qsizetype i = 0; i < names.size(); ++i) {
         // An "&" in a name is shown as it is, not taken for a mnemonic.
-        auto *entry = new QAction(QString(names.at(i)).replace(u'&', QStringLiteral("&&")), mnuBookmarks);
+        auto *entry =
+            new QAction(QString(names.at(i)).replace(u'&', QStringLiteral("&&")), mnuBookmarks);
         entry->setObjectName(QStringLiteral("mnuBookmarksBookmarks%1").arg(i + 1));
-        connect(entry, &QAction::triggered, this, [this, index = int(i) + 1] { emit bookmarkChosen(index); });
+        connect(entry, &QAction::triggered, this,
+                [this, index = int(i) + 1] { emit bookmarkChosen(index); });
         m_bookmarkEntries.append(entry);
     }
     // Added in one go, so that thousands of bookmarks do not lay the menu out thousands of times.
     mnuBookmarks->addActions(m_bookmarkEntries);
 }
 
-void MainMenus::setTranslations(const QList<InstalledTranslation> &translations, const QString &open)
+void MainMenus::setTranslations(const QList<InstalledTranslation> &translations,
+                                const QString &open)
 {
     mnuTranslations->clear();
     auto *group = new QActionGroup(mnuTranslations);
@@ -119,7 +133,8 @@ void MainMenus::setTranslations(const QList<InstalledTranslation> &translations,
         entry->setChecked(t.folder.compare(open, Qt::CaseInsensitive) == 0);
         entry->setData(t.folder);
         group->addAction(entry);
-        connect(entry, &QAction::triggered, this, [this, folder = t.folder] { emit translationChosen(folder); });
+        connect(entry, &QAction::triggered, this,
+                [this, folder = t.folder] { emit translationChosen(folder); });
     }
 }
 
@@ -134,7 +149,8 @@ void MainMenus::offer(bool strong, bool dictionary)
 void MainMenus::popUp(const QString &word, const QPoint &global)
 {
     // The caption shows a long word by its two ends.
-    const QString shown = word.size() > 40 ? word.left(20) + QStringLiteral("...") + word.right(20) : word;
+    const QString shown =
+        word.size() > 40 ? word.left(20) + QStringLiteral("...") + word.right(20) : word;
     mnuRightclickWord->setText(u'<' + QString(shown).replace(u'&', QStringLiteral("&&")) + u'>');
     mnuRightClick->popup(global);
 }

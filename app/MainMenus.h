@@ -29,15 +29,17 @@ public:
     void popUp(const QString &word, const QPoint &global);
 
     QAction *mnuFileExportNotepad, *mnuFileSave, *mnuFilePrint, *mnuFileExit;
-    QAction *mnuEditSelectAll, *mnuEditCopy, *mnuEditCopyPassage, *mnuEditCopyBookName, *mnuEditFind, *mnuEditOptions;
+    QAction *mnuEditSelectAll, *mnuEditCopy, *mnuEditCopyPassage, *mnuEditCopyBookName,
+        *mnuEditFind, *mnuEditOptions;
     QAction *mnuBookmarksAdd, *mnuBookmarksOrganize;
-    QAction *mnuReferencesDictionary, *mnuReferencesStrong, *mnuReferencesConcordance, *mnuReferencesNames,
-        *mnuReferencesTopics, *mnuReferencesStories, *mnuReferencesParables, *mnuReferencesMiracles,
-        *mnuReferencesProphecies, *mnuReferencesUnits, *mnuReferencesVerseOfDay;
+    QAction *mnuReferencesDictionary, *mnuReferencesStrong, *mnuReferencesConcordance,
+        *mnuReferencesNames, *mnuReferencesTopics, *mnuReferencesStories, *mnuReferencesParables,
+        *mnuReferencesMiracles, *mnuReferencesProphecies, *mnuReferencesUnits,
+        *mnuReferencesVerseOfDay;
     QAction *mnuToolsSearch;
     QAction *mnuHelpContents, *mnuHelpWebSite, *mnuHelpMailingList, *mnuHelpAbout;
-    QAction *mnuRightclickCopy, *mnuRightclickSearch, *mnuRightclickDictionary, *mnuRichtclickBiblenames,
-        *mnuRightclickStrongLexicon, *mnuRightClickLookupReference;
+    QAction *mnuRightclickCopy, *mnuRightclickSearch, *mnuRightclickDictionary,
+        *mnuRichtclickBiblenames, *mnuRightclickStrongLexicon, *mnuRightClickLookupReference;
 
 signals:
     void bookmarkChosen(int index);

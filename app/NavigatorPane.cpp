@@ -25,7 +25,8 @@ namespace {
 constexpr int kSplitterClampTwips = 250;
 } // namespace
 
-NavigatorPane::NavigatorPane(const clsBible &translation, QWidget *window) : QObject(window), m_bible(translation)
+NavigatorPane::NavigatorPane(const clsBible &translation, QWidget *window)
+    : QObject(window), m_bible(translation)
 {
     // The testament choice and the title sit above the columns they belong to; placeHeader()
     // keeps them there as the splitters move.
@@ -70,9 +71,11 @@ NavigatorPane::NavigatorPane(const clsBible &translation, QWidget *window) : QOb
     lblReference->setBuddy(txtReference);
     cmdGet = button("cmdGet", tr("Get it"), tr("Retrive the reference typed"));
     chkUpdateList = box("chkUpdateList", tr("&Update Books List"),
-                        tr("Updates the selection on the lists to the left when using the standard reference method"));
+                        tr("Updates the selection on the lists to the left when using the standard "
+                           "reference method"));
     chkUpdateList->setChecked(true);
-    cmdCopy = button("cmdCopy", tr("&Copy"), tr("Copies the currently displayed passage to the clipboard"));
+    cmdCopy = button("cmdCopy", tr("&Copy"),
+                     tr("Copies the currently displayed passage to the clipboard"));
     auto *lblQuery = new QLabel(tr("&KeyWord:"), Frame1);
     txtQuery = new QLineEdit(Frame1);
     txtQuery->setObjectName(QStringLiteral("txtQuery"));
@@ -80,14 +83,16 @@ NavigatorPane::NavigatorPane(const clsBible &translation, QWidget *window) : QOb
     lblQuery->setBuddy(txtQuery);
     cmdSearch = button("cmdSearch", tr("&Search"), tr("Start Search"));
     chkWordSearch = box("chkWordSearch", tr("&Word Search"), tr("Search for whole words only "));
-    cmdAdvanced = button("cmdAdvanced", tr("Ad&vanced Search"), tr("Search chosen books for any word, all words or a phrase"));
+    cmdAdvanced = button("cmdAdvanced", tr("Ad&vanced Search"),
+                         tr("Search chosen books for any word, all words or a phrase"));
     picProgress = new QProgressBar(Frame1);
     picProgress->setObjectName(QStringLiteral("picProgress"));
     picProgress->setTextVisible(false);
     picProgress->setMaximumHeight(14);
     picProgress->setVisible(false);
-    const QList<QWidget *> rows[2] = {{lblReference, txtReference, cmdGet, chkUpdateList, cmdCopy},
-                                      {lblQuery, txtQuery, cmdSearch, chkWordSearch, cmdAdvanced, picProgress}};
+    const QList<QWidget *> rows[2] = {
+        {lblReference, txtReference, cmdGet, chkUpdateList, cmdCopy},
+        {lblQuery, txtQuery, cmdSearch, chkWordSearch, cmdAdvanced, picProgress}};
     for (int r = 0; r < 2; ++r)
         for (int c = 0; c < rows[r].size(); ++c)
             grid->addWidget(rows[r].at(c), r, c);
@@ -119,7 +124,8 @@ void NavigatorPane::addLists(QSplitter *splitter)
 {
     for (QListWidget *list : {lstBooks, lstChapters}) {
         splitter->addWidget(list);
-        list->setMinimumWidth((kSplitterClampTwips + platform::TwipsPerPixelX(list) - 1) / platform::TwipsPerPixelX(list));
+        list->setMinimumWidth((kSplitterClampTwips + platform::TwipsPerPixelX(list) - 1) /
+                              platform::TwipsPerPixelX(list));
     }
 }
 
@@ -180,7 +186,9 @@ void NavigatorPane::cmbTestaments_Click()
     lstBooks->clear();
     lstChapters->clear();
     QStringList names;
-    for (int b = m_bible.FirstBookOfTestament(testament()), last = m_bible.LastBookOfTestament(testament()); b <= last; ++b)
+    for (int b = m_bible.FirstBookOfTestament(testament()),
+             last = m_bible.LastBookOfTestament(testament());
+         b <= last; ++b)
         names << m_bible.BookName(b);
     lstBooks->addItems(names);
 }
@@ -244,7 +252,8 @@ void NavigatorPane::applyLook(DisplaySettings &display)
     ApplyStyle(lstBooks, display.navigation);
     ApplyStyle(lstChapters, display.navigation);
     ApplyStyle(lbltitle, display.title);
-    m_header->setFixedHeight(std::max(cmbTestaments->sizeHint().height(), lbltitle->sizeHint().height()));
+    m_header->setFixedHeight(
+        std::max(cmbTestaments->sizeHint().height(), lbltitle->sizeHint().height()));
 }
 
 void NavigatorPane::placeHeader(const QSplitter *splitter)

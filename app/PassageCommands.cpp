@@ -36,12 +36,14 @@ void openOnDesktop(const QString &target, const QString &failurePrompt)
     if (shell.Execute())
         return;
     const QUrl url = shell.Url();
-    platform::MsgBox(failurePrompt + (url.isLocalFile() ? QDir::toNativeSeparators(url.toLocalFile()) : target),
+    platform::MsgBox(failurePrompt +
+                         (url.isLocalFile() ? QDir::toNativeSeparators(url.toLocalFile()) : target),
                      vb::vbExclamation);
 }
 
 // The characters of a word for the passage's look-ups: any other character ends a word.
-const QString kWordCharacters = QStringLiteral("AaBbCcDdEeFfGgHhIiJjKkLlMmNnOoPpQqRrSsTtUuVvWwXxYyZz1234567890");
+const QString kWordCharacters =
+    QStringLiteral("AaBbCcDdEeFfGgHhIiJjKkLlMmNnOoPpQqRrSsTtUuVvWwXxYyZz1234567890");
 
 } // namespace
 
@@ -51,7 +53,9 @@ void ExportToEditor(const QString &text)
     const QString path = PassageFiles::ExportPath(ProgramSettings::instance().programFolder());
     const QString failure = PassageFiles::Write(path, text);
     if (!failure.isEmpty()) {
-        platform::MsgBox(tr("The passage could not be exported to ") + path + QStringLiteral(":\r\n") + failure, vb::vbCritical);
+        platform::MsgBox(tr("The passage could not be exported to ") + path +
+                             QStringLiteral(":\r\n") + failure,
+                         vb::vbCritical);
         return;
     }
     // 3. It opens in the desktop's text editor, and the program goes on at once.
@@ -74,16 +78,21 @@ void SaveAs(const platform::RichTextBox *view, QWidget *parent)
     // 3-4. Rich text for the second type, plain text otherwise; the ending added when missing.
     const bool rich = PassageFiles::SavesRichText(dialog.FilterIndex());
     // Names match case-blind when written, so the question names the file as it is on disk.
-    const QString path = platform::ResolvePath(PassageFiles::SaveName(dialog.filename(), dialog.FilterIndex()));
+    const QString path =
+        platform::ResolvePath(PassageFiles::SaveName(dialog.filename(), dialog.FilterIndex()));
     // Asked as the dialog would have asked, under its title.
     if (platform::FileExists(path) &&
-        platform::MsgBox(QDir::toNativeSeparators(path) + tr(" already exists.\r\nDo you want to replace it?"),
-                         vb::vbYesNo | vb::vbExclamation | vb::vbDefaultButton2, dialog.Dialogtitle()) != vb::vbYes)
+        platform::MsgBox(QDir::toNativeSeparators(path) +
+                             tr(" already exists.\r\nDo you want to replace it?"),
+                         vb::vbYesNo | vb::vbExclamation | vb::vbDefaultButton2,
+                         dialog.Dialogtitle()) != vb::vbYes)
         return;
     // 5. One piece of text and a line break.
     const QString failure = PassageFiles::Write(path, rich ? view->TextRTF() : view->Text());
     if (!failure.isEmpty())
-        platform::MsgBox(tr("The passage could not be saved to ") + path + QStringLiteral(":\r\n") + failure, vb::vbCritical);
+        platform::MsgBox(tr("The passage could not be saved to ") + path + QStringLiteral(":\r\n") +
+                             failure,
+                         vb::vbCritical);
 }
 
 void Print(const platform::RichTextBox *view, const QString &title, QWidget *parent)
@@ -125,7 +134,8 @@ QString WordAt(platform::RichTextBox *view, const QPoint &at)
     // A selection is the word, when the click is on it; a click elsewhere means the word there,
     // or a word selected by the last look-up would be taken again and again.
     const int clicked = view->textPosition(view->cursorForPosition(at).position());
-    const bool onSelection = clicked >= view->SelStart() && clicked <= view->SelStart() + view->SelLength();
+    const bool onSelection =
+        clicked >= view->SelStart() && clicked <= view->SelStart() + view->SelLength();
     if (onSelection && !basStrings::TrimBlanks(view->SelText()).isEmpty())
         return view->SelText();
     // Else the run of word characters around the character clicked: forward with the view's
@@ -149,7 +159,8 @@ void OpenHelp()
 {
     // The help file when there is one, else the manual that comes with the program.
     using DataFiles::File;
-    openOnDesktop(DataFiles::Exists(File::Help) ? DataFiles::Path(File::Help) : DataFiles::Path(File::Manual),
+    openOnDesktop(DataFiles::Exists(File::Help) ? DataFiles::Path(File::Help)
+                                                : DataFiles::Path(File::Manual),
                   tr("The help could not be opened: "));
 }
 
@@ -161,10 +172,13 @@ void OpenWebSite(const QString &address)
 void AskMailingList(const QString &address)
 {
     const int answer = platform::MsgBox(
-        tr("The mailinglist is designed to provide updates regarding software releases and updates to our product line.") +
-            QStringLiteral("\r\n") + tr("Please visit our site and use the subscription form on there") +
+        tr("The mailinglist is designed to provide updates regarding software releases and updates "
+           "to our product line.") +
+            QStringLiteral("\r\n") +
+            tr("Please visit our site and use the subscription form on there") +
             QStringLiteral("\r\n\r\n") +
-            tr("Click yes to visit our site to subscribe (you need to be connected to the internet to do this)?"),
+            tr("Click yes to visit our site to subscribe (you need to be connected to the internet "
+               "to do this)?"),
         vb::vbQuestion | vb::vbYesNo | vb::vbMsgBoxSetForeground, tr("Mailing List"));
     if (answer == vb::vbYes)
         OpenWebSite(address);

@@ -12,7 +12,8 @@ QString ExportPath(const QString &programFolder)
 
 QString SaveFilter()
 {
-    return QStringLiteral("Text Files (*.txt)|*.txt|Rich Text Format (*.rtf)|*.rtf|All Files (*.*)|*.*");
+    return QStringLiteral(
+        "Text Files (*.txt)|*.txt|Rich Text Format (*.rtf)|*.rtf|All Files (*.*)|*.*");
 }
 
 bool SavesRichText(int filterIndex)
@@ -22,7 +23,8 @@ bool SavesRichText(int filterIndex)
 
 QString SaveName(const QString &chosen, int filterIndex)
 {
-    const QString ending = SavesRichText(filterIndex) ? QStringLiteral(".rtf") : QStringLiteral(".txt");
+    const QString ending =
+        SavesRichText(filterIndex) ? QStringLiteral(".rtf") : QStringLiteral(".txt");
     return chosen.endsWith(ending, Qt::CaseInsensitive) ? chosen : chosen + ending;
 }
 

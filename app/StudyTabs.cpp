@@ -28,9 +28,10 @@ namespace {
 const QString kNotesCaption = QStringLiteral("Notes");
 const QString kCommentaryCaption = QStringLiteral("TVC");
 // The wording users know, comma splice and all.
-const QString kUnsavedNotesPrompt = QStringLiteral(
-    "You have not saved your notes changes, If you switch tabs now, you will lose any changes you have saved\r\n"
-    "Would you like to save your changes so far?");
+const QString kUnsavedNotesPrompt =
+    QStringLiteral("You have not saved your notes changes, If you switch tabs now, you will lose "
+                   "any changes you have saved\r\n"
+                   "Would you like to save your changes so far?");
 
 QString programFolder()
 {
@@ -65,7 +66,8 @@ QWidget *StudyTabs::buildNotesPage(QWidget *parent)
     auto *page = new QWidget(parent);
     auto *layout = new QVBoxLayout(page);
     // The views sit 30 twips inside the tab on every side.
-    const int inset = (30 + platform::TwipsPerPixelX(parent) - 1) / platform::TwipsPerPixelX(parent);
+    const int inset =
+        (30 + platform::TwipsPerPixelX(parent) - 1) / platform::TwipsPerPixelX(parent);
     layout->setContentsMargins(inset, inset, inset, inset);
     layout->setSpacing(2);
 
@@ -74,7 +76,8 @@ QWidget *StudyTabs::buildNotesPage(QWidget *parent)
     auto *commands = new QHBoxLayout(frmNotesCommands);
     commands->setContentsMargins(0, 0, 0, 0);
     commands->setSpacing(2);
-    const auto addButton = [&](const char *name, const QString &caption, const QString &tip, void (StudyTabs::*handler)(),
+    const auto addButton = [&](const char *name, const QString &caption, const QString &tip,
+                               void (StudyTabs::*handler)(),
                                const std::function<void(QFont &)> &look) {
         auto *button = new QToolButton(frmNotesCommands);
         button->setObjectName(QLatin1String(name));
@@ -89,8 +92,10 @@ QWidget *StudyTabs::buildNotesPage(QWidget *parent)
         connect(button, &QToolButton::clicked, this, handler);
         commands->addWidget(button);
     };
-    addButton("cmdBold", tr("B"), tr("Bold"), &StudyTabs::toggleBold, [](QFont &f) { f.setBold(true); });
-    addButton("cmdItalic", tr("I"), tr("Italic"), &StudyTabs::toggleItalic, [](QFont &f) { f.setItalic(true); });
+    addButton("cmdBold", tr("B"), tr("Bold"), &StudyTabs::toggleBold,
+              [](QFont &f) { f.setBold(true); });
+    addButton("cmdItalic", tr("I"), tr("Italic"), &StudyTabs::toggleItalic,
+              [](QFont &f) { f.setItalic(true); });
     addButton("cmdUnderline", tr("U"), tr("Underline"), &StudyTabs::toggleUnderline,
               [](QFont &f) { f.setUnderline(true); });
     addButton("cmdStrikeThru", tr("S"), tr("Strike Through"), &StudyTabs::toggleStrikeThrough,
@@ -177,12 +182,14 @@ void StudyTabs::tabChanged(int index)
     const QString left = caption(previousTab);
     if (left == kNotesCaption) {
         m_title->setText(m_savedTitle);
-        if (!m_notesSaved && platform::MsgBox(kUnsavedNotesPrompt, vb::vbYesNo | vb::vbExclamation) == vb::vbYes) {
+        if (!m_notesSaved &&
+            platform::MsgBox(kUnsavedNotesPrompt, vb::vbYesNo | vb::vbExclamation) == vb::vbYes) {
             saveNotes();
             if (!m_notesSaved) {
                 // The notes could not be written: back to them, as they are, so nothing is lost.
                 m_keepUnsavedNotes = true;
-                QTimer::singleShot(0, this, [this, previousTab] { SSTab1->setCurrentIndex(previousTab); });
+                QTimer::singleShot(0, this,
+                                   [this, previousTab] { SSTab1->setCurrentIndex(previousTab); });
             }
         }
     } else if (left == kCommentaryCaption) {
@@ -223,12 +230,14 @@ void StudyTabs::enterNotes(bool focus)
         m_notesChapter = m_onDisplay;
         const NotesStore notes(programFolder());
         rtfNotes->setTextRTF(m_notesChapter.found()
-                                 ? notes.Read(m_notesChapter.testament, m_notesChapter.book, m_notesChapter.chapterFrom)
+                                 ? notes.Read(m_notesChapter.testament, m_notesChapter.book,
+                                              m_notesChapter.chapterFrom)
                                  : QString());
         m_notesSaved = true;
     }
     m_savedTitle = m_title->text();
-    m_title->setText(QStringLiteral("Notes For: ") + m_notesChapter.book + u' ' + QString::number(m_notesChapter.chapterFrom));
+    m_title->setText(QStringLiteral("Notes For: ") + m_notesChapter.book + u' ' +
+                     QString::number(m_notesChapter.chapterFrom));
     if (focus)
         rtfNotes->setFocus();
     frmNotesCommands->raise();
@@ -238,16 +247,21 @@ void StudyTabs::saveNotes()
 {
     const Passage &chapter = m_notesChapter;
     if (!chapter.found() || chapter.chapterFrom < 1) {
-        platform::MsgBox(tr("There is no chapter on display to keep notes for."), vb::vbExclamation);
+        platform::MsgBox(tr("There is no chapter on display to keep notes for."),
+                         vb::vbExclamation);
         return;
     }
     const NotesStore notes(programFolder());
-    const QString failure = notes.Write(chapter.testament, chapter.book, chapter.chapterFrom, rtfNotes->TextRTF());
+    const QString failure =
+        notes.Write(chapter.testament, chapter.book, chapter.chapterFrom, rtfNotes->TextRTF());
     if (!failure.isEmpty()) {
-        platform::MsgBox(tr("Your notes could not be saved to '%1.dat'.\r\n%2\r\nThe file was left as it was, and "
-                            "your notes are still on screen.")
-                             .arg(QDir::toNativeSeparators(notes.BookPath(chapter.testament, chapter.book)), failure),
-                         vb::vbExclamation);
+        platform::MsgBox(
+            tr("Your notes could not be saved to '%1.dat'.\r\n%2\r\nThe file was left as it was, "
+               "and "
+               "your notes are still on screen.")
+                .arg(QDir::toNativeSeparators(notes.BookPath(chapter.testament, chapter.book)),
+                     failure),
+            vb::vbExclamation);
         return;
     }
     m_notesSaved = true;
@@ -276,7 +290,8 @@ void StudyTabs::refresh()
         enterCommentary(false);
 }
 
-void StudyTabs::toggle(bool (platform::RichTextBox::*get)() const, void (platform::RichTextBox::*set)(bool))
+void StudyTabs::toggle(bool (platform::RichTextBox::*get)() const,
+                       void (platform::RichTextBox::*set)(bool))
 {
     // A selection that is only partly formatted reads as not formatted, and becomes formatted.
     (rtfNotes->*set)(!(rtfNotes->*get)());
@@ -307,7 +322,8 @@ void StudyTabs::chooseColour()
 {
     // The dialog opens on the selection's colour, or on the notes' own colour when it mixes.
     const QColor current = rtfNotes->SelColor();
-    m_noteColors.setColor(platform::QColorToWindowsColor(current.isValid() ? current : rtfNotes->palette().text().color()));
+    m_noteColors.setColor(platform::QColorToWindowsColor(
+        current.isValid() ? current : rtfNotes->palette().text().color()));
     m_noteColors.setRGBInit(true);
     if (m_noteColors.Show(SSTab1->window()))
         rtfNotes->setSelColor(platform::WindowsColorToQColor(m_noteColors.Color()));

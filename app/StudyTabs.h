@@ -69,7 +69,8 @@ private:
     void enterNotes(bool focus);
     void enterCommentary(bool focus);
     void refresh();
-    void toggle(bool (platform::RichTextBox::*get)() const, void (platform::RichTextBox::*set)(bool));
+    void toggle(bool (platform::RichTextBox::*get)() const,
+                void (platform::RichTextBox::*set)(bool));
 
     const clsBible &m_translation;
     QLabel *m_title;

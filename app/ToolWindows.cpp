@@ -16,21 +16,24 @@ ToolWindows::ToolWindows(MainWindowLink &main, QWidget *window) : m_main(main), 
 
 void ToolWindows::dictionary(const QString &word)
 {
-    frmDictionary *window = m_dictionary.open([this] { return new frmDictionary(m_main, m_window); });
+    frmDictionary *window =
+        m_dictionary.open([this] { return new frmDictionary(m_main, m_window); });
     if (window && !word.isEmpty())
         window->FindWord(word);
 }
 
 void ToolWindows::bibleNames(const QString &word)
 {
-    frmBibleNames *window = m_bibleNames.open([this] { return new frmBibleNames(m_main, m_window); });
+    frmBibleNames *window =
+        m_bibleNames.open([this] { return new frmBibleNames(m_main, m_window); });
     if (window && !word.isEmpty())
         window->FindWord(word);
 }
 
 void ToolWindows::strongLexicon(const QString &number)
 {
-    frmStrongLexicon *window = m_strongLexicon.open([this] { return new frmStrongLexicon(m_main, m_window); });
+    frmStrongLexicon *window =
+        m_strongLexicon.open([this] { return new frmStrongLexicon(m_main, m_window); });
     if (window && !number.isEmpty())
         window->ShowNumber(number);
 }
@@ -88,7 +91,8 @@ void ToolWindows::find(const std::function<platform::RichTextBox *()> &view)
 void ToolWindows::verseOfDay(int show)
 {
     const bool open = m_verseOfDay.window();
-    frmVerseOfDay *window = m_verseOfDay.open([this, show] { return new frmVerseOfDay(m_main, show, m_window); });
+    frmVerseOfDay *window =
+        m_verseOfDay.open([this, show] { return new frmVerseOfDay(m_main, show, m_window); });
     if (open && window)
         window->ShowVerse();
 }

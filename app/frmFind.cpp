@@ -49,7 +49,8 @@ void frmFind::cmdFind_Click()
     if (!target)
         return;
     // 2. Whole words only demand a blank before the word; nothing is asked of what follows.
-    const QString term = (chkWordSearch->isChecked() ? QStringLiteral(" ") : QString()) + txtSearch->text();
+    const QString term =
+        (chkWordSearch->isChecked() ? QStringLiteral(" ") : QString()) + txtSearch->text();
     // 3. The search goes on from the end of the selection.
     target->setSelStart(target->SelStart() + target->SelLength());
     // 4. Counted from 1, so the search takes in the character before the caret.

@@ -8,14 +8,14 @@
 #include "settings/WindowSettings.h"
 
 #include <QCheckBox>
-#include <QEvent>
-#include <QItemSelectionModel>
-#include <QTimer>
 #include <QDir>
+#include <QEvent>
 #include <QFileInfo>
+#include <QItemSelectionModel>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace {
@@ -57,10 +57,12 @@ frmLoadVersion::~frmLoadVersion() = default;
 bool frmLoadVersion::holdsTranslation(const QString &folder) const
 {
     // Only a folder of the program folder is a translation; a path that leaves it is not.
-    if (folder.isEmpty() || QDir::isAbsolutePath(folder) || QDir::isAbsolutePath(QDir::fromNativeSeparators(folder)))
+    if (folder.isEmpty() || QDir::isAbsolutePath(folder) ||
+        QDir::isAbsolutePath(QDir::fromNativeSeparators(folder)))
         return false;
     const QString root = QDir::cleanPath(QFileInfo(programFolder()).absoluteFilePath());
-    const QString target = QDir::cleanPath(root + u'/' + QDir::fromNativeSeparators(QString(folder).replace(u'\\', u'/')));
+    const QString target = QDir::cleanPath(
+        root + u'/' + QDir::fromNativeSeparators(QString(folder).replace(u'\\', u'/')));
     if (!target.startsWith(root + u'/'))
         return false;
     return TranslationList::IsTranslation(target);
@@ -71,7 +73,8 @@ bool frmLoadVersion::Form_Load()
     ProgramSettings &settings = ProgramSettings::instance();
     // 1. Nothing starts without the settings file.
     if (!settings.CreateIni()) {
-        platform::MsgBox(tr("Unable to launch because 'window.ini' is missing from the program's directory!\r\n") +
+        platform::MsgBox(tr("Unable to launch because 'window.ini' is missing from the program's "
+                            "directory!\r\n") +
                              tr("Reinstall the program to repair the problem"),
                          vb::vbCritical | vb::vbOKOnly);
         return false;
@@ -96,7 +99,8 @@ bool frmLoadVersion::Form_Load()
         if (holdsTranslation(m_commandLine))
             OpenTranslation(m_commandLine);
         else
-            platform::MsgBox(tr("An invalid version path was supplied at the command line, ignoring it and resuming"),
+            platform::MsgBox(tr("An invalid version path was supplied at the command line, "
+                                "ignoring it and resuming"),
                              vb::vbCritical | vb::vbOKOnly);
     }
 
@@ -107,14 +111,16 @@ bool frmLoadVersion::Form_Load()
         const QString unfinished = WindowSettings::Get(WindowSettings::Opening);
         if (!unfinished.isEmpty() && unfinished.compare(saved, Qt::CaseInsensitive) == 0)
             platform::MsgBox(tr("The translation \"") + saved +
-                                 tr("\" did not finish opening the last time, so it is not opened automatically.\r\n") +
+                                 tr("\" did not finish opening the last time, so it is not opened "
+                                    "automatically.\r\n") +
                                  tr("Choose the translation to open."),
                              vb::vbExclamation | vb::vbOKOnly);
         else if (holdsTranslation(saved))
             OpenTranslation(saved);
         else
-            platform::MsgBox(tr("An invalid version path was saved in the settings, ignoring and resuming"),
-                             vb::vbCritical | vb::vbOKOnly);
+            platform::MsgBox(
+                tr("An invalid version path was saved in the settings, ignoring and resuming"),
+                vb::vbCritical | vb::vbOKOnly);
     }
     return true;
 }

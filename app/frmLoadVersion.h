@@ -13,7 +13,6 @@ class QListWidget;
 class QPushButton;
 class WindowPlacement;
 
-
 // The start-up window: lists the installed translations and opens one, or skips itself when a
 // translation comes from the command line or was saved for loading automatically.
 class frmLoadVersion : public QDialog

@@ -80,7 +80,8 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
     connectCommands();
 
     m_placement = new WindowPlacement(this, QStringLiteral("main"),
-                                      WindowPlacement::Position | WindowPlacement::Size | WindowPlacement::State);
+                                      WindowPlacement::Position | WindowPlacement::Size |
+                                          WindowPlacement::State);
     m_placement->setMinimumOuterSize(kMinWidthTwips, kMinHeightTwips);
     // The first size, for a user who does not keep the window's placement: as large as a reader
     // wants, but on the screen.
@@ -106,8 +107,10 @@ void frmMain::connectCommands()
     connect(m_navigator, &NavigatorPane::referenceEntered, this, &frmMain::cmdGet_Click);
     connect(m_navigator, &NavigatorPane::searchRequested, this, &frmMain::cmdSearch_Click);
     // The buttons do what the menus' entries do.
-    connect(m_navigator, &NavigatorPane::advancedSearchRequested, m_menus->mnuToolsSearch, &QAction::trigger);
-    connect(m_navigator, &NavigatorPane::copyRequested, m_menus->mnuEditCopyPassage, &QAction::trigger);
+    connect(m_navigator, &NavigatorPane::advancedSearchRequested, m_menus->mnuToolsSearch,
+            &QAction::trigger);
+    connect(m_navigator, &NavigatorPane::copyRequested, m_menus->mnuEditCopyPassage,
+            &QAction::trigger);
     connect(m_menus, &MainMenus::bookmarkChosen, this, &frmMain::showBookmark);
     connect(m_menus, &MainMenus::translationChosen, this, &frmMain::translationChosen);
 
@@ -116,14 +119,17 @@ void frmMain::connectCommands()
     const auto word = [this] { return basStrings::TrimBlanks(m_lookupWord).toString(); };
     ToolWindows &tools = *m_tools;
     const std::pair<QAction *, std::function<void()>> commands[] = {
-        {m_menus->mnuFileExportNotepad, [=] { PassageCommands::ExportToEditor(passage()->Text()); }},
+        {m_menus->mnuFileExportNotepad,
+         [=] { PassageCommands::ExportToEditor(passage()->Text()); }},
         {m_menus->mnuFileSave, [=, this] { PassageCommands::SaveAs(passage(), this); }},
-        {m_menus->mnuFilePrint, [=, this] { PassageCommands::Print(shown(), m_navigator->title()->text(), this); }},
+        {m_menus->mnuFilePrint,
+         [=, this] { PassageCommands::Print(shown(), m_navigator->title()->text(), this); }},
         {m_menus->mnuFileExit, [this] { close(); }},
         {m_menus->mnuEditSelectAll, [=] { PassageCommands::SelectAll(shown()); }},
         {m_menus->mnuEditCopy, [=] { PassageCommands::Copy(shown()->SelText()); }},
         {m_menus->mnuEditCopyPassage, [=] { PassageCommands::CopyPassage(passage()); }},
-        {m_menus->mnuEditCopyBookName, [this] { PassageCommands::Copy(m_navigator->chosenBook()); }},
+        {m_menus->mnuEditCopyBookName,
+         [this] { PassageCommands::Copy(m_navigator->chosenBook()); }},
         {m_menus->mnuEditFind, [=, &tools] { tools.find(shown); }},
         {m_menus->mnuEditOptions, [this] { editOptions(); }},
         {m_menus->mnuBookmarksAdd, [this] { addBookmark(); }},
@@ -144,7 +150,8 @@ void frmMain::connectCommands()
         {m_menus->mnuHelpContents, [] { PassageCommands::OpenHelp(); }},
         {m_menus->mnuHelpWebSite, [] { PassageCommands::OpenWebSite(WebSite); }},
         {m_menus->mnuHelpMailingList, [] { PassageCommands::AskMailingList(WebSite); }},
-        {m_menus->mnuHelpAbout, [this] { frmAbout(DataFiles::Path(DataFiles::File::Credits), this).exec(); }},
+        {m_menus->mnuHelpAbout,
+         [this] { frmAbout(DataFiles::Path(DataFiles::File::Credits), this).exec(); }},
         // A selection is copied as the view copies it; else the word the menu names.
         {m_menus->mnuRightclickCopy,
          [=, this] {
@@ -156,7 +163,8 @@ void frmMain::connectCommands()
         {m_menus->mnuRightclickSearch, [=, this] { SearchFor(word()); }},
         {m_menus->mnuRightclickDictionary, [=, &tools] { tools.dictionary(word()); }},
         {m_menus->mnuRichtclickBiblenames, [=, &tools] { tools.bibleNames(word()); }},
-        {m_menus->mnuRightclickStrongLexicon, [=, this, &tools] { tools.strongLexicon(m_lookupWord); }},
+        {m_menus->mnuRightclickStrongLexicon,
+         [=, this, &tools] { tools.strongLexicon(m_lookupWord); }},
         {m_menus->mnuRightClickLookupReference, [this] { GoToReference(m_lookupWord); }},
     };
     for (const auto &[action, run] : commands)
@@ -188,7 +196,8 @@ bool frmMain::LoadTranslation(const QString &folder)
     m_bible.setVersionPath(path);
     m_bible.setVersionInitial(folder);
     const TranslationList::Header header = TranslationList::ReadHeader(path);
-    setWindowTitle(header.name + QStringLiteral(" - Quillstone Bible ") + basStrings::VersionText());
+    setWindowTitle(header.name + QStringLiteral(" - Quillstone Bible ") +
+                   basStrings::VersionText());
     m_navigator->setTestaments(header.firstTestament, header.secondTestament);
 
     checkDataFiles();
@@ -230,7 +239,8 @@ void frmMain::LoadSettingsFiles()
 void frmMain::InitiateSession()
 {
     ProgramSettings &settings = ProgramSettings::instance();
-    m_bible.setSeparator(settings.general.lineBreaks ? QStringLiteral("\r\n") : QStringLiteral(" "));
+    m_bible.setSeparator(settings.general.lineBreaks ? QStringLiteral("\r\n")
+                                                     : QStringLiteral(" "));
     settings.searchLimit = settings.general.maxSearchResults;
     m_navigator->applyLook(settings.display);
     m_study->applyLook(settings.display);
@@ -281,7 +291,8 @@ void frmMain::cmdSearch_Click()
     if (m_searching || basStrings::TrimBlanks(m_navigator->query()).isEmpty())
         return;
     runSearch(m_bible, [this](::QuickSearch &search) {
-        return search.run(m_bible, m_navigator->query(), m_navigator->wholeWords(), ProgramSettings::instance().searchLimit);
+        return search.run(m_bible, m_navigator->query(), m_navigator->wholeWords(),
+                          ProgramSettings::instance().searchLimit);
     });
 }
 
@@ -289,33 +300,40 @@ void frmMain::ShowConcordance(const QString &typed)
 {
     const QString number = StrongConcordance::Normalize(typed);
     if (number.isEmpty()) {
-        platform::MsgBox(u'"' + typed + tr("\" is not a Strong's number. Type H or G and the number, such as H430 or G26."),
+        platform::MsgBox(
+            u'"' + typed +
+                tr("\" is not a Strong's number. Type H or G and the number, such as H430 or G26."),
+            vb::vbExclamation);
+        return;
+    }
+    // The open translation when its text carries the numbers, else the first installed one that
+    // does.
+    QString other;
+    const clsBible *store = StrongConcordance::StoreFor(m_bible, programFolder(),
+                                                        m_translationFolder, m_numbered, other);
+    if (!store) {
+        platform::MsgBox(tr("None of the installed translations carries Strong's numbers."),
                          vb::vbExclamation);
         return;
     }
-    // The open translation when its text carries the numbers, else the first installed one that does.
-    QString other;
-    const clsBible *store = StrongConcordance::StoreFor(m_bible, programFolder(), m_translationFolder, m_numbered, other);
-    if (!store) {
-        platform::MsgBox(tr("None of the installed translations carries Strong's numbers."), vb::vbExclamation);
-        return;
-    }
     runSearch(*store, [&](::QuickSearch &search) {
-        return StrongConcordance::Run(search, *store, number, ProgramSettings::instance().searchLimit, other);
+        return StrongConcordance::Run(search, *store, number,
+                                      ProgramSettings::instance().searchLimit, other);
     });
 }
 
 void frmMain::askForConcordance()
 {
-    const QString number =
-        platform::InputBox(tr("Enter a Strong's number, such as H430 or G26:"), tr("Strong's Concordance"), m_lastConcordance, this);
+    const QString number = platform::InputBox(tr("Enter a Strong's number, such as H430 or G26:"),
+                                              tr("Strong's Concordance"), m_lastConcordance, this);
     if (basStrings::TrimBlanks(number).isEmpty())
         return;
     m_lastConcordance = number;
     ShowConcordance(number);
 }
 
-void frmMain::runSearch(const clsBible &store, const std::function<::QuickSearch::Result(::QuickSearch &)> &scan)
+void frmMain::runSearch(const clsBible &store,
+                        const std::function<::QuickSearch::Result(::QuickSearch &)> &scan)
 {
     // The search lets the window repaint between books; a second start meanwhile is ignored.
     if (m_searching)
@@ -342,7 +360,8 @@ void frmMain::runSearch(const clsBible &store, const std::function<::QuickSearch
     title->setText(result.title);
     // The results go in as one text with the caret left at the top: a caret after tens of
     // thousands of results would have the view lay out every one of them before showing any.
-    if (result.outcome != ::QuickSearch::Outcome::Failed && result.outcome != ::QuickSearch::Outcome::TooMany)
+    if (result.outcome != ::QuickSearch::Outcome::Failed &&
+        result.outcome != ::QuickSearch::Outcome::TooMany)
         m_study->passageView()->setText(SearchHit::ListedAll(result.hits));
 
     // The normal pointer is back before a failure is told.
@@ -366,19 +385,22 @@ void frmMain::showBookmark(int index)
         return;
     // The reference list may have lost items since the menu was built (Remove, then Cancel).
     const Passage fetched = m_bible.MoveTo(m_bookmarks.Reference(index));
-    m_study->showChapter(fetched, QStringLiteral("Bookmark: ") + fetched.Standard() + QStringLiteral(" -- ") +
+    m_study->showChapter(fetched, QStringLiteral("Bookmark: ") + fetched.Standard() +
+                                      QStringLiteral(" -- ") +
                                       m_bookmarks.Names().value(index - 1));
 }
 
 void frmMain::addBookmark()
 {
-    frmAddBookmark dialog(m_navigator->title()->text(), [this] { LoadBookmarks(); }, this);
+    frmAddBookmark dialog(
+        m_navigator->title()->text(), [this] { LoadBookmarks(); }, this);
     dialog.exec();
 }
 
 void frmMain::organizeBookmarks()
 {
-    frmOrganizeBookmarks dialog(m_bookmarks.Names(), m_bookmarks.References(), m_bible, [this] { LoadBookmarks(); }, this);
+    frmOrganizeBookmarks dialog(
+        m_bookmarks.Names(), m_bookmarks.References(), m_bible, [this] { LoadBookmarks(); }, this);
     dialog.exec();
 }
 

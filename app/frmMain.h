@@ -81,7 +81,8 @@ private:
     void checkDataFiles();
     void placeHeader();
     // Runs a search of the quick search's kind and shows its results as the quick search does.
-    void runSearch(const clsBible &store, const std::function<::QuickSearch::Result(::QuickSearch &)> &scan);
+    void runSearch(const clsBible &store,
+                   const std::function<::QuickSearch::Result(::QuickSearch &)> &scan);
 
     clsBible m_bible;
     Bookmarks m_bookmarks;

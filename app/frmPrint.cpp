@@ -31,7 +31,6 @@
 
 namespace {
 
-
 QSpinBox *makeSpin(const QString &name, int minimum, int maximum, QWidget *parent)
 {
     auto *spin = new QSpinBox(parent);
@@ -210,8 +209,7 @@ void frmPrint::updatePageCount()
 {
     const std::unique_ptr<QPrinter> printer = makePrinter();
     const int pages = platform::PrintPageCount(*m_document, job(), *printer);
-    lblPageCount->setText(pages == 1 ? tr("(1 page)")
-                                     : tr("(%1 pages)").arg(pages));
+    lblPageCount->setText(pages == 1 ? tr("(1 page)") : tr("(%1 pages)").arg(pages));
     m_pageCount = pages;
     showWholeRange();
 }
@@ -288,17 +286,15 @@ bool frmPrint::printPdf()
 {
     const QString path = pdfPath();
     if (path.isEmpty()) {
-        platform::MsgBox(
-            tr("Type the name of the PDF file, or choose one with Browse."),
-            vb::vbExclamation, tr("Print"));
+        platform::MsgBox(tr("Type the name of the PDF file, or choose one with Browse."),
+                         vb::vbExclamation, tr("Print"));
         txtFile->setFocus();
         return false;
     }
     if (path != m_confirmedFile && platform::FileExists(path) &&
-        platform::MsgBox(QDir::toNativeSeparators(path) +
-                             tr(" already exists.\r\nDo you want to replace it?"),
-                         vb::vbYesNo | vb::vbExclamation | vb::vbDefaultButton2,
-                         tr("Print")) != vb::vbYes)
+        platform::MsgBox(
+            QDir::toNativeSeparators(path) + tr(" already exists.\r\nDo you want to replace it?"),
+            vb::vbYesNo | vb::vbExclamation | vb::vbDefaultButton2, tr("Print")) != vb::vbYes)
         return false;
 
     QString error;

@@ -8,8 +8,8 @@
 #include "scripture/basStrings.h"
 #include "scripture/clsBible.h"
 #include "settings/ProgramSettings.h"
-#include "settings/WindowSettings.h"
 #include "settings/WindowPlacement.h"
+#include "settings/WindowSettings.h"
 #include "settings/basSettings.h"
 
 #include <QCheckBox>
@@ -29,7 +29,8 @@ namespace {
 const QString kSection = QStringLiteral("search");
 } // namespace
 
-frmSearch::frmSearch(MainWindowLink &main, QWidget *parent) : QWidget(parent, Qt::Window), m_main(main)
+frmSearch::frmSearch(MainWindowLink &main, QWidget *parent)
+    : QWidget(parent, Qt::Window), m_main(main)
 {
     setObjectName(QStringLiteral("frmSearch"));
     setWindowTitle(tr("Search"));
@@ -150,7 +151,8 @@ void frmSearch::Form_Load()
     // The books chosen last time, one "1" or "0" a book; every book the first time.
     const QString saved = WindowSettings::Get(WindowSettings::SearchBooks);
     for (int i = 0; i < lstBooks->count(); ++i)
-        lstBooks->item(i)->setSelected(saved.isEmpty() || (i < saved.size() && saved.at(i) == u'1'));
+        lstBooks->item(i)->setSelected(saved.isEmpty() ||
+                                       (i < saved.size() && saved.at(i) == u'1'));
     showTestamentChoice();
 
     m_placement = new WindowPlacement(this, kSection);
@@ -236,7 +238,9 @@ void frmSearch::cmdSearch_Click()
         picProgress->setValue(book);
         onlyHere.yield();
     };
-    search.onOverLimit = [](const QString &message) { platform::MsgBox(message, vb::vbCritical | vb::vbOKOnly); };
+    search.onOverLimit = [](const QString &message) {
+        platform::MsgBox(message, vb::vbCritical | vb::vbOKOnly);
+    };
     const AdvancedSearch::Result result = search.run(m_main.Bible(), options);
     // The whole list goes in at once: tens of thousands of results one by one would take seconds.
     lstResults->addItems(SearchHit::References(result.hits));

@@ -7,8 +7,8 @@
 
 #include <QApplication>
 #include <QLocale>
-#include <QTranslator>
 #include <QStringList>
+#include <QTranslator>
 
 int main(int argc, char **argv)
 {
@@ -30,11 +30,13 @@ int main(int argc, char **argv)
     // folder's "translations" folder (quillstone_de.qm for German, say); English otherwise.
     QTranslator interface;
     if (interface.load(QLocale(), QStringLiteral("quillstone"), QStringLiteral("_"),
-                       ProgramSettings::instance().programFolder() + QStringLiteral("/translations")))
+                       ProgramSettings::instance().programFolder() +
+                           QStringLiteral("/translations")))
         QApplication::installTranslator(&interface);
     // Saves killed halfway (the power went, the program was ended) leave temporary files.
     const QString folder = ProgramSettings::instance().programFolder();
-    for (const QString &sub : {QString(), QStringLiteral("notes/oldtest"), QStringLiteral("notes/newtest")})
+    for (const QString &sub :
+         {QString(), QStringLiteral("notes/oldtest"), QStringLiteral("notes/newtest")})
         platform::RemoveLeftoverTemporaryFiles(sub.isEmpty() ? folder : folder + u'/' + sub);
 
     frmLoadVersion chooser(args.value(0));

@@ -9,7 +9,8 @@ int main(int argc, char **argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
-    platform::setMsgBoxHandler([](const QString &, int b, const QString &) { return platform::DefaultAnswer(b); });
+    platform::setMsgBoxHandler(
+        [](const QString &, int b, const QString &) { return platform::DefaultAnswer(b); });
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();

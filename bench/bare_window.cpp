@@ -9,7 +9,8 @@ int main(int argc, char **argv)
     QTextEdit view;
     QString text;
     for (int verse = 1; verse <= 31; ++verse)
-        text += QStringLiteral("%1 And God said, Let there be light: and there was light.\n").arg(verse);
+        text += QStringLiteral("%1 And God said, Let there be light: and there was light.\n")
+                    .arg(verse);
     view.setPlainText(text);
     view.resize(1000, 720);
     view.show();

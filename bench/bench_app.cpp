@@ -18,9 +18,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QPushButton>
 #include <QPixmap>
 #include <QProcess>
+#include <QPushButton>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
@@ -35,7 +35,8 @@ QString programFolder()
         const QString root = QFileInfo(bible).absolutePath();
         QFile ini(root + QStringLiteral("/window.ini"));
         if (ini.open(QIODevice::WriteOnly))
-            ini.write("[]\r\nrememberwindowsetting=0\r\n[load]\r\nautoload=1\r\nversion=SYN\r\n[verseofday]\r\nshow=0\r\n");
+            ini.write("[]\r\nrememberwindowsetting=0\r\n[load]\r\nautoload=1\r\nversion=SYN\r\n["
+                      "verseofday]\r\nshow=0\r\n");
         return root;
     }();
     return folder;
@@ -78,7 +79,10 @@ void LongChapterOnScreen(benchmark::State &state)
     for (auto _ : state) {
         const Passage psalm = main->Bible().Fetch(QStringLiteral("Psalms 119"));
         main->ShowPassage(PassageFormatter::ToRichText(psalm.text, true), psalm.Standard());
-        benchmark::DoNotOptimize(main->findChild<platform::RichTextBox *>(QStringLiteral("rtfPassage"))->viewport()->grab());
+        benchmark::DoNotOptimize(
+            main->findChild<platform::RichTextBox *>(QStringLiteral("rtfPassage"))
+                ->viewport()
+                ->grab());
     }
     delete main;
 }
@@ -93,18 +97,25 @@ QString realProgramFolder()
         QString source = qEnvironmentVariable("QS_BENCH_PROGRAM");
         if (source.isEmpty())
             source = QStringLiteral(QS_PROGRAM_DIR);
-        for (const QString &name : {QStringLiteral("KJV"), QStringLiteral("tvc"), QStringLiteral("notes")}) {
-            QProcess::execute(QStringLiteral("cp"), {QStringLiteral("-r"), source + u'/' + name, dir.path()});
+        for (const QString &name :
+             {QStringLiteral("KJV"), QStringLiteral("tvc"), QStringLiteral("notes")}) {
+            QProcess::execute(QStringLiteral("cp"),
+                              {QStringLiteral("-r"), source + u'/' + name, dir.path()});
         }
-        for (const QString &name : {QStringLiteral("general.cfg"), QStringLiteral("display.cfg"), QStringLiteral("topics.dat")})
+        for (const QString &name : {QStringLiteral("general.cfg"), QStringLiteral("display.cfg"),
+                                    QStringLiteral("topics.dat")})
             QFile::copy(source + u'/' + name, dir.filePath(name));
         QFile ini(dir.filePath(QStringLiteral("window.ini")));
         if (ini.open(QIODevice::WriteOnly))
-            ini.write("[]\r\nrememberwindowsetting=0\r\n[load]\r\nautoload=1\r\nversion=KJV\r\n[verseofday]\r\nshow=0\r\n");
+            ini.write("[]\r\nrememberwindowsetting=0\r\n[load]\r\nautoload=1\r\nversion=KJV\r\n["
+                      "verseofday]\r\nshow=0\r\n");
         // John 4 carries a page of formatted notes.
-        QString notes = QStringLiteral("{\\rtf1\\ansi{\\fonttbl{\\f0 DejaVu Sans;}}{\\colortbl;\\red190\\green0\\blue0;}\r\n");
+        QString notes = QStringLiteral(
+            "{\\rtf1\\ansi{\\fonttbl{\\f0 DejaVu Sans;}}{\\colortbl;\\red190\\green0\\blue0;}\r\n");
         for (int i = 0; i < 60; ++i)
-            notes += QStringLiteral("\\pard\\b Note %1\\b0  on the woman at the well, \\cf1 living water\\cf0 , verses 10-14.\\par\r\n").arg(i);
+            notes += QStringLiteral("\\pard\\b Note %1\\b0  on the woman at the well, \\cf1 living "
+                                    "water\\cf0 , verses 10-14.\\par\r\n")
+                         .arg(i);
         notes += u'}';
         NotesStore(dir.path()).Write(1, QStringLiteral("JOHN"), 4, notes);
         return dir.path();

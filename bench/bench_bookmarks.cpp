@@ -56,7 +56,8 @@ void fillMenu(QMenu &menu, QList<QAction *> &entries, const Bookmarks &bookmarks
     entries.reserve(names.size());
     for (qsizetype i = 0; i < names.size(); ++i) {
         auto *entry = new QAction(QString(names.at(i)).replace(u'&', QStringLiteral("&&")), &menu);
-        QObject::connect(entry, &QAction::triggered, &menu, [&chosen, index = int(i) + 1] { chosen = index; });
+        QObject::connect(entry, &QAction::triggered, &menu,
+                         [&chosen, index = int(i) + 1] { chosen = index; });
         entries.append(entry);
     }
     menu.addActions(entries);

@@ -18,9 +18,9 @@
 #include <QFile>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPixmap>
 #include <QPushButton>
 #include <QTabWidget>
-#include <QPixmap>
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 
@@ -184,7 +184,8 @@ void ParallelSelection(benchmark::State &state)
     NoMainWindow main;
     const bool miracles = state.range(0) == 1;
     auto *window = new frmParables(main);
-    window->SetDataFile(windowFolder() + (miracles ? QStringLiteral("/miracles.dat") : QStringLiteral("/parables.dat")));
+    window->SetDataFile(windowFolder() + (miracles ? QStringLiteral("/miracles.dat")
+                                                   : QStringLiteral("/parables.dat")));
     window->SetTag(miracles ? frmParables::MiraclesTag : frmParables::ParablesTag);
     window->show();
     auto *list = window->findChild<QListWidget *>(QStringLiteral("lstParables"));

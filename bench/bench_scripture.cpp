@@ -54,8 +54,8 @@ BENCHMARK(FetchLongChapter)->Unit(benchmark::kMicrosecond);
 
 void FetchReferenceList(benchmark::State &state)
 {
-    const QString list = QStringLiteral(
-        "Genesis 1:1-5,Exodus 20:1-17,Psalms 23,Isaiah 53:3-6,John 3:16-18,Romans 8:28-39,1John 4:8");
+    const QString list = QStringLiteral("Genesis 1:1-5,Exodus 20:1-17,Psalms 23,Isaiah 53:3-6,John "
+                                        "3:16-18,Romans 8:28-39,1John 4:8");
     for (auto _ : state)
         benchmark::DoNotOptimize(store().Passagebystandard(list));
 }
@@ -80,7 +80,8 @@ void QuickSearchWarm(benchmark::State &state)
 {
     QuickSearch search;
     for (auto _ : state)
-        benchmark::DoNotOptimize(search.run(store(), QStringLiteral("light"), state.range(0) != 0, 500));
+        benchmark::DoNotOptimize(
+            search.run(store(), QStringLiteral("light"), state.range(0) != 0, 500));
 }
 BENCHMARK(QuickSearchWarm)->Arg(0)->Arg(1)->ArgName("wholeword")->Unit(benchmark::kMillisecond);
 
@@ -125,7 +126,8 @@ void AdvancedSearchMode(benchmark::State &state)
 {
     const auto mode = AdvancedSearch::Mode(state.range(0));
     AdvancedSearch search;
-    const AdvancedSearch::Options options{QStringLiteral("love god"), mode, false, QList<bool>(store().BooksCount(), true), 32767};
+    const AdvancedSearch::Options options{QStringLiteral("love god"), mode, false,
+                                          QList<bool>(store().BooksCount(), true), 32767};
     qsizetype found = 0;
     for (auto _ : state) {
         const AdvancedSearch::Result result = search.run(store(), options);
@@ -134,16 +136,27 @@ void AdvancedSearchMode(benchmark::State &state)
     }
     state.SetLabel(std::to_string(found) + " results");
 }
-BENCHMARK(AdvancedSearchMode)->Arg(0)->Arg(1)->Arg(2)->ArgName("mode")->Unit(benchmark::kMillisecond);
+BENCHMARK(AdvancedSearchMode)
+    ->Arg(0)
+    ->Arg(1)
+    ->Arg(2)
+    ->ArgName("mode")
+    ->Unit(benchmark::kMillisecond);
 
 // About 3 KB of rich text, as the notes view writes it.
 QString notesRtf(int chapter, int version)
 {
-    QString rtf = QStringLiteral("{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1{\\fonttbl{\\f0 Times New Roman;}}"
-                                 "{\\colortbl ;\\red255\\green0\\blue0;}\r\n");
+    QString rtf =
+        QStringLiteral("{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1{\\fonttbl{\\f0 Times New Roman;}}"
+                       "{\\colortbl ;\\red255\\green0\\blue0;}\r\n");
     for (int p = 0; p < 25; ++p)
-        rtf += QStringLiteral("\\pard\\f0\\fs24 Paragraph %1 on chapter %2, version %3: \\b a few words\\b0  and "
-                              "\\cf1 more\\cf0  words to fill a line.\\par\r\n").arg(p).arg(chapter).arg(version);
+        rtf +=
+            QStringLiteral(
+                "\\pard\\f0\\fs24 Paragraph %1 on chapter %2, version %3: \\b a few words\\b0  and "
+                "\\cf1 more\\cf0  words to fill a line.\\par\r\n")
+                .arg(p)
+                .arg(chapter)
+                .arg(version);
     return rtf + QStringLiteral("}\r\n");
 }
 
@@ -214,7 +227,8 @@ void StrongConcordanceH430(benchmark::State &state)
     int matches = 0;
     for (auto _ : state) {
         QuickSearch search;
-        const QuickSearch::Result result = StrongConcordance::Run(search, tagged, QStringLiteral("H430"), 32767);
+        const QuickSearch::Result result =
+            StrongConcordance::Run(search, tagged, QStringLiteral("H430"), 32767);
         matches = result.matchCount;
         benchmark::DoNotOptimize(result);
     }
@@ -226,7 +240,8 @@ BENCHMARK(StrongConcordanceH430)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char **argv)
 {
-    platform::setMsgBoxHandler([](const QString &, int b, const QString &) { return platform::DefaultAnswer(b); });
+    platform::setMsgBoxHandler(
+        [](const QString &, int b, const QString &) { return platform::DefaultAnswer(b); });
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();

@@ -41,8 +41,7 @@ frmOrganizeBookmarks::frmOrganizeBookmarks(const QStringList &captions, QStringL
     txtPassage->setReadOnly(true);
     cmdUpdate = new QPushButton(tr("Update"), this);
     cmdUpdate->setObjectName(QStringLiteral("cmdUpdate"));
-    cmdUpdate->setToolTip(
-        tr("Click here to update your changes to the selected bookmark"));
+    cmdUpdate->setToolTip(tr("Click here to update your changes to the selected bookmark"));
     cmdRemove = new QPushButton(tr("Remove"), this);
     cmdRemove->setObjectName(QStringLiteral("cmdRemove"));
     cmdRemove->setToolTip(tr("Click here to remove the selected bookmark"));
@@ -155,8 +154,7 @@ void frmOrganizeBookmarks::cmdRemove_Click()
     if (row < 0)
         return;
     // 4.
-    if (platform::MsgBox(tr("Are you sure?"), vb::vbYesNo + vb::vbCritical) !=
-        vb::vbYes)
+    if (platform::MsgBox(tr("Are you sure?"), vb::vbYesNo + vb::vbCritical) != vb::vbYes)
         return;
     if (row < m_references.size())
         m_references.removeAt(row);

@@ -65,7 +65,9 @@ bool Exists(File file)
 
 QString MissingFileMessage(const QString &what)
 {
-    return what + QStringLiteral(" is missing.  Feature will be disabled.\r\nReinstall the program to restore it");
+    return what +
+           QStringLiteral(
+               " is missing.  Feature will be disabled.\r\nReinstall the program to restore it");
 }
 
 void ReportMissing(const QString &what)

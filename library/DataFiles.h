@@ -6,8 +6,9 @@
 // them up here, and a feature whose file is missing tells the user with the one message below.
 namespace DataFiles {
 
-enum class File {
-    Commentary,        // the first book of the commentary decides whether it is there at all
+enum class File
+{
+    Commentary, // the first book of the commentary decides whether it is there at all
     StrongHebrew,
     StrongHebrewIndex,
     StrongGreek,
@@ -22,7 +23,7 @@ enum class File {
     Units,
     Verses,
     Help,
-    Manual,            // our own manual, opened when there is no help file
+    Manual, // our own manual, opened when there is no help file
     Credits,
 };
 

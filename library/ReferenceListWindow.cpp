@@ -59,7 +59,8 @@ ReferenceListWindow::ReferenceListWindow(const ReferenceListWindowTexts &texts,
     connect(txtQuery, &QLineEdit::returnPressed, cmdSearch, &QPushButton::click);
     connect(cmdSearch, &QPushButton::clicked, this, &ReferenceListWindow::cmdSearch_Click);
     // A row chosen by mouse or keys (or by a result) is the list's click; the focus is not.
-    connect(m_names, &QListWidget::itemSelectionChanged, this, &ReferenceListWindow::nameList_Click);
+    connect(m_names, &QListWidget::itemSelectionChanged, this,
+            &ReferenceListWindow::nameList_Click);
     connect(lstResults, &QListWidget::itemSelectionChanged, this,
             &ReferenceListWindow::lstResults_Click);
     // A result clicked again after browsing elsewhere goes back to its entry.

@@ -17,12 +17,10 @@ inline void BringToolWindowForward(QWidget *window)
     window->activateWindow();
 }
 
-template<typename Window>
-class ToolWindowSlot
+template <typename Window> class ToolWindowSlot
 {
 public:
-    template<typename Make>
-    Window *open(Make make)
+    template <typename Make> Window *open(Make make)
     {
         if (!m_window) {
             m_window = make();

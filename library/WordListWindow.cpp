@@ -25,7 +25,6 @@ namespace {
 
 const QString kFound = QStringLiteral("Found!!!");
 
-
 } // namespace
 
 WordListWindow::WordListWindow(const WordListWindowTexts &texts, QWidget *parent)
@@ -162,8 +161,8 @@ void WordListWindow::lookUpSelected()
 
 void WordListWindow::Form_Click()
 {
-    platform::MsgBox(tr("There are ") + QString::number(m_list->count()) +
-                     QLatin1Char(' ') + m_texts.countedWord + tr(" in the database"));
+    platform::MsgBox(tr("There are ") + QString::number(m_list->count()) + QLatin1Char(' ') +
+                     m_texts.countedWord + tr(" in the database"));
 }
 
 void WordListWindow::mousePressEvent(QMouseEvent *event)

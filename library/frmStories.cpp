@@ -21,8 +21,7 @@ frmStories::frmStories(MainWindowLink &main, QWidget *parent)
 {
     lstReferences = new QListWidget(this);
     lstReferences->setObjectName(QStringLiteral("lstReferences"));
-    lstReferences->setToolTip(
-        tr("Click a reference to see the text in the main bible window"));
+    lstReferences->setToolTip(tr("Click a reference to see the text in the main bible window"));
     addBesideTabs(lstReferences);
     resize(640, height());
     // A click on the reference already shown shows it again, as the main window may have moved on.

@@ -7,8 +7,8 @@
 #include "platform/VbError.h"
 #include "scripture/basStrings.h"
 #include "settings/ProgramSettings.h"
-#include "settings/WindowSettings.h"
 #include "settings/WindowPlacement.h"
+#include "settings/WindowSettings.h"
 #include "settings/basSettings.h"
 
 #include "platform/ListRows.h"
@@ -48,7 +48,6 @@ protected:
     }
 };
 
-
 } // namespace
 
 frmStrongLexicon::frmStrongLexicon(MainWindowLink &main, QWidget *parent)
@@ -69,8 +68,7 @@ frmStrongLexicon::frmStrongLexicon(MainWindowLink &main, QWidget *parent)
                             "txtGreekDefinition", "cmdFindAllGreek"),
                    tr("Greek"));
     m_hebrew.find->setToolTip(tr("Run search"));
-    chkHighlightWord =
-        new QCheckBox(tr("Highlight word in the list as I am typing"), this);
+    chkHighlightWord = new QCheckBox(tr("Highlight word in the list as I am typing"), this);
     chkHighlightWord->setObjectName(QStringLiteral("chkHighlightWord"));
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(SSTab1, 1);
@@ -123,8 +121,7 @@ QWidget *frmStrongLexicon::buildTab(Tab &tab, const char *word, const char *find
     tab.find->setObjectName(QLatin1String(find));
     tab.list = new QListWidget(page);
     tab.list->setObjectName(QLatin1String(list));
-    tab.list->setToolTip(
-        tr("Double click a word from the list to see its information"));
+    tab.list->setToolTip(tr("Double click a word from the list to see its information"));
     tab.list->setUniformItemSizes(true);
     tab.definition = new DefinitionBox(page);
     tab.definition->setObjectName(QLatin1String(definition));

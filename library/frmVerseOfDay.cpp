@@ -5,8 +5,8 @@
 #include "library/ReferencePassages.h"
 #include "scripture/basStrings.h"
 #include "settings/ProgramSettings.h"
-#include "settings/WindowSettings.h"
 #include "settings/WindowPlacement.h"
+#include "settings/WindowSettings.h"
 #include "settings/basSettings.h"
 
 #include <QCheckBox>

@@ -1,11 +1,11 @@
 #include "platform/FileSystem.h"
 
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
-#include <QDateTime>
-#include <QDirIterator>
 #include <QRegularExpression>
 
 #include <cerrno>
@@ -42,7 +42,8 @@ namespace {
 
 QStringList folderEntries(const QString &folder)
 {
-    return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System |
+                                  QDir::NoDotAndDotDot);
 }
 
 } // namespace
@@ -139,7 +140,8 @@ std::optional<TextFileContent> ReadTextLines(const QString &path)
 
 QString SaveTemporaryPath(const QString &path)
 {
-    return path + u'.' + QString::number(QCoreApplication::applicationPid()) + QStringLiteral(".temp");
+    return path + u'.' + QString::number(QCoreApplication::applicationPid()) +
+           QStringLiteral(".temp");
 }
 
 namespace {
@@ -163,7 +165,8 @@ bool processRuns(qint64 pid)
     Q_UNUSED(pid);
     return true;
 #else
-    return pid == QCoreApplication::applicationPid() || ::kill(pid_t(pid), 0) == 0 || errno != ESRCH;
+    return pid == QCoreApplication::applicationPid() || ::kill(pid_t(pid), 0) == 0 ||
+           errno != ESRCH;
 #endif
 }
 
@@ -212,9 +215,12 @@ QString ReplaceFile(const QString &path, const QString &temporary, const QByteAr
     // Plain system calls, so that the reason of a failure is the system's own, taken at once.
     const QByteArray target = QFile::encodeName(path);
     const QByteArray name = QFile::encodeName(temporary);
-    struct stat old {};
+    struct stat old
+    {
+    };
     const bool exists = ::stat(target.constData(), &old) == 0;
-    const int fd = ::open(name.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, exists ? (old.st_mode & 07777) : 0666);
+    const int fd = ::open(name.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC,
+                          exists ? (old.st_mode & 07777) : 0666);
     if (fd < 0)
         return systemError(errno);
     int error = 0;
@@ -238,7 +244,8 @@ QString ReplaceFile(const QString &path, const QString &temporary, const QByteAr
         return systemError(error);
     }
     // The rename itself reaches the disk once the folder is synchronised.
-    const int folder = ::open(QFile::encodeName(QFileInfo(path).absolutePath()).constData(), O_RDONLY | O_DIRECTORY);
+    const int folder = ::open(QFile::encodeName(QFileInfo(path).absolutePath()).constData(),
+                              O_RDONLY | O_DIRECTORY);
     if (folder >= 0) {
         ::fsync(folder);
         ::close(folder);
@@ -256,7 +263,8 @@ QString WriteFileAtomically(const QString &path, const QByteArray &bytes)
     if (info.isDir())
         return QStringLiteral("There is a folder where the file should be.");
     // What an earlier save of this file left behind goes first.
-    QDirIterator it(info.absolutePath(), {info.fileName() + QStringLiteral(".*.temp")}, QDir::Files | QDir::Hidden);
+    QDirIterator it(info.absolutePath(), {info.fileName() + QStringLiteral(".*.temp")},
+                    QDir::Files | QDir::Hidden);
     while (it.hasNext()) {
         const QFileInfo file(it.next());
         if (savingProcess(file.fileName()) > 0 && leftOver(file))

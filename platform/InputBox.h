@@ -9,8 +9,8 @@ class QWidget;
 // (as the classic input box does); tests answer instead through setInputBoxAnswer.
 namespace platform {
 
-QString InputBox(const QString &prompt, const QString &title, const QString &defaultText = QString(),
-                 QWidget *owner = nullptr);
+QString InputBox(const QString &prompt, const QString &title,
+                 const QString &defaultText = QString(), QWidget *owner = nullptr);
 
 using InputBoxAnswer = std::function<QString(const QString &prompt, const QString &defaultText)>;
 // Installs an answer for tests and returns the previous one; an empty one brings the real box back.

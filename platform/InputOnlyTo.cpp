@@ -53,7 +53,8 @@ bool InputOnlyTo::eventFilter(QObject *watched, QEvent *event)
         return false;
     // The window itself, its pop-ups and dialogs, and any question a message box asks meanwhile.
     const QWidget *top = static_cast<QWidget *>(watched)->window();
-    if (top->isModal() || top == QApplication::activeModalWidget() || top == QApplication::activePopupWidget())
+    if (top->isModal() || top == QApplication::activeModalWidget() ||
+        top == QApplication::activePopupWidget())
         return false;
     for (const QWidget *w = top; w; w = w->parentWidget()) {
         if (w == m_window)

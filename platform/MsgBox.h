@@ -7,7 +7,8 @@
 // The logic never talks to a widget: the window installs a handler that shows a real box, the
 // command line prints to standard error, and tests install an answerer.
 namespace vb {
-enum MsgBoxStyle : int {
+enum MsgBoxStyle : int
+{
     vbOKOnly = 0,
     vbOKCancel = 1,
     vbAbortRetryIgnore = 2,
@@ -21,7 +22,16 @@ enum MsgBoxStyle : int {
     vbDefaultButton2 = 256,
     vbMsgBoxSetForeground = 65536,
 };
-enum MsgBoxResult : int { vbOK = 1, vbCancel = 2, vbAbort = 3, vbRetry = 4, vbIgnore = 5, vbYes = 6, vbNo = 7 };
+enum MsgBoxResult : int
+{
+    vbOK = 1,
+    vbCancel = 2,
+    vbAbort = 3,
+    vbRetry = 4,
+    vbIgnore = 5,
+    vbYes = 6,
+    vbNo = 7
+};
 } // namespace vb
 
 namespace platform {

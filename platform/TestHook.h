@@ -7,8 +7,7 @@
 // wrappers apart even when their function types match.
 namespace platform {
 
-template<typename Tag, typename Function>
-class TestHook
+template <typename Tag, typename Function> class TestHook
 {
 public:
     static const Function &get() { return slot(); }

@@ -9,7 +9,11 @@
 // so no character a user typed is ever lost.
 namespace platform {
 
-enum class TextEncoding { Utf8, Windows1252 };
+enum class TextEncoding
+{
+    Utf8,
+    Windows1252
+};
 
 struct DecodedText
 {

@@ -4,7 +4,10 @@ namespace platform {
 
 QString VersionText()
 {
-    return QStringLiteral("%1.%2.%3").arg(QS_VERSION_MAJOR).arg(QS_VERSION_MINOR).arg(QS_VERSION_PATCH);
+    return QStringLiteral("%1.%2.%3")
+        .arg(QS_VERSION_MAJOR)
+        .arg(QS_VERSION_MINOR)
+        .arg(QS_VERSION_PATCH);
 }
 
 } // namespace platform

@@ -46,14 +46,37 @@ constexpr std::array<quint32, 31> SystemColors = {
 
 // The names of the same system colours, as colour schemes name them; 25 has none.
 constexpr std::array<const char *, 31> SystemColorNames = {
-    "scrollbar",       "desktop",          "activecaption",  "inactivecaption",      // 0-3
-    "menu",            "window",           "windowframe",    "menutext",             // 4-7
-    "windowtext",      "captiontext",      "activeborder",   "inactiveborder",       // 8-11
-    "appworkspace",    "highlight",        "highlighttext",  "buttonface",           // 12-15
-    "buttonshadow",    "graytext",         "buttontext",     "inactivecaptiontext",  // 16-19
-    "buttonhighlight", "3ddarkshadow",     "3dlight",        "infotext",             // 20-23
-    "infobackground",  "",                 "hotlight",       "gradientactivecaption", // 24-27
-    "gradientinactivecaption", "menuhighlight", "menubar",                           // 28-30
+    "scrollbar",
+    "desktop",
+    "activecaption",
+    "inactivecaption", // 0-3
+    "menu",
+    "window",
+    "windowframe",
+    "menutext", // 4-7
+    "windowtext",
+    "captiontext",
+    "activeborder",
+    "inactiveborder", // 8-11
+    "appworkspace",
+    "highlight",
+    "highlighttext",
+    "buttonface", // 12-15
+    "buttonshadow",
+    "graytext",
+    "buttontext",
+    "inactivecaptiontext", // 16-19
+    "buttonhighlight",
+    "3ddarkshadow",
+    "3dlight",
+    "infotext", // 20-23
+    "infobackground",
+    "",
+    "hotlight",
+    "gradientactivecaption", // 24-27
+    "gradientinactivecaption",
+    "menuhighlight",
+    "menubar", // 28-30
 };
 
 } // namespace
@@ -81,7 +104,8 @@ QString SystemColorName(qint32 value)
     if (!(bits & 0x80000000u))
         return QString();
     const quint32 index = bits & 0x00FFFFFFu;
-    return index < SystemColorNames.size() ? QString::fromLatin1(SystemColorNames[index]) : QString();
+    return index < SystemColorNames.size() ? QString::fromLatin1(SystemColorNames[index])
+                                           : QString();
 }
 
 } // namespace platform

@@ -43,7 +43,8 @@ bool clsCommonColorDialog::Show(QWidget *owner)
     for (int i = 0; i < CustomColorCount; ++i)
         QColorDialog::setCustomColor(i, platform::WindowsColorToQColor(m_customColors[size_t(i)]));
 
-    QColorDialog dialog(RGBInit() ? platform::WindowsColorToQColor(m_color) : QColor(Qt::black), owner);
+    QColorDialog dialog(RGBInit() ? platform::WindowsColorToQColor(m_color) : QColor(Qt::black),
+                        owner);
     if (dialog.exec() != QDialog::Accepted)
         return false;
     m_color = platform::QColorToWindowsColor(dialog.selectedColor());

@@ -56,11 +56,11 @@ frmAbout::frmAbout(const QString &creditsPath, QWidget *parent) : QDialog(parent
     m_version = new QLabel(platform::VersionText(), this);
     m_version->setObjectName(QStringLiteral("lblVersion"));
 
-    m_disclaimer = new QLabel(
-        tr("This program is offered as it is, without any warranty. The texts it "
-                       "shows were typed and checked by people; where a word matters, compare it "
-                       "with a printed edition."),
-        this);
+    m_disclaimer =
+        new QLabel(tr("This program is offered as it is, without any warranty. The texts it "
+                      "shows were typed and checked by people; where a word matters, compare it "
+                      "with a printed edition."),
+                   this);
     m_disclaimer->setObjectName(QStringLiteral("lblDisclaimer"));
     m_disclaimer->setWordWrap(true);
 

@@ -56,11 +56,13 @@ AdvancedSearch::Result AdvancedSearch::run(const clsBible &store, const Options 
         case Mode::AnyWord:
             if (anyOf)
                 return anyOf->In(line, options.wholeWord);
-            return std::any_of(words.cbegin(), words.cend(),
-                               [&](const SearchTerm &word) { return word.In(line, options.wholeWord); });
+            return std::any_of(words.cbegin(), words.cend(), [&](const SearchTerm &word) {
+                return word.In(line, options.wholeWord);
+            });
         case Mode::AllWords:
-            return std::all_of(words.cbegin(), words.cend(),
-                               [&](const SearchTerm &word) { return word.In(line, options.wholeWord); });
+            return std::all_of(words.cbegin(), words.cend(), [&](const SearchTerm &word) {
+                return word.In(line, options.wholeWord);
+            });
         }
         return false;
     };
@@ -103,8 +105,8 @@ AdvancedSearch::Result AdvancedSearch::run(const clsBible &store, const Options 
 
     if (result.overLimit) {
         result.title = result.mode == Mode::ExactPhrase
-                           ? QStringLiteral("Too many results!!!  Only First ") + QString::number(limit) +
-                                 QStringLiteral(" shown")
+                           ? QStringLiteral("Too many results!!!  Only First ") +
+                                 QString::number(limit) + QStringLiteral(" shown")
                            : QStringLiteral("Too many results!!!");
     } else {
         result.title = QString::number(result.hits.size()) + QStringLiteral(" Matches");

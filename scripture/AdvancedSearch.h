@@ -16,24 +16,29 @@ class clsBible;
 class AdvancedSearch
 {
 public:
-    enum class Mode { AnyWord, AllWords, ExactPhrase };
+    enum class Mode
+    {
+        AnyWord,
+        AllWords,
+        ExactPhrase
+    };
 
     struct Options
     {
-        QString query;      // the query box's text as typed
+        QString query; // the query box's text as typed
         Mode mode = Mode::ExactPhrase;
         bool wholeWord = false;
-        QList<bool> books;  // entry i - 1 says whether book i is searched; missing entries are not
-        int limit = 500;    // the maximum number of results
+        QList<bool> books; // entry i - 1 says whether book i is searched; missing entries are not
+        int limit = 500;   // the maximum number of results
     };
 
     struct Result
     {
-        bool ran = false;        // false for a blank query: nothing happened at all
+        bool ran = false;              // false for a blank query: nothing happened at all
         Mode mode = Mode::ExactPhrase; // the mode that ran
-        QList<SearchHit> hits;   // in book order
-        bool overLimit = false;  // more than the limit were found: the list holds limit + 1
-        QString title;           // the title label's text at the end
+        QList<SearchHit> hits;         // in book order
+        bool overLimit = false;        // more than the limit were found: the list holds limit + 1
+        QString title;                 // the title label's text at the end
         // What to tell the user when a book could not be read; the list is then empty.
         QString failureMessage;
     };

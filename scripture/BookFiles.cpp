@@ -18,15 +18,13 @@ struct Stamp
     bool operator==(const Stamp &) const = default;
 };
 
-template<typename Content>
-struct Entry
+template <typename Content> struct Entry
 {
     Stamp stamp;
     std::shared_ptr<Content> content;
 };
 
-template<typename Content>
-QHash<QString, Entry<Content>> &cache()
+template <typename Content> QHash<QString, Entry<Content>> &cache()
 {
     static QHash<QString, Entry<Content>> entries;
     return entries;
@@ -65,7 +63,7 @@ QString resolved(const QString &path, bool again)
 }
 
 // The file's content as the reader makes it, from the cache while the file is unchanged.
-template<typename Content, typename Read>
+template <typename Content, typename Read>
 std::shared_ptr<Content> load(const QString &path, Read read)
 {
     if (!platform::IsUsablePath(path))
@@ -125,8 +123,9 @@ bool changesIntoAscii(const char *bytes, qsizetype n)
             return true;
         const auto next = i + 1 < n ? static_cast<unsigned char>(bytes[i + 1]) : 0;
         const auto third = i + 2 < n ? static_cast<unsigned char>(bytes[i + 2]) : 0;
-        if ((c == 0xC3 && next == 0x9F) || (c == 0xC4 && next == 0xB1) || (c == 0xC5 && (next == 0xBF || next == 0x89)) ||
-            (c == 0xC7 && next == 0xB0) || (c == 0xE1 && next == 0xBA && third >= 0x96 && third <= 0x9A) ||
+        if ((c == 0xC3 && next == 0x9F) || (c == 0xC4 && next == 0xB1) ||
+            (c == 0xC5 && (next == 0xBF || next == 0x89)) || (c == 0xC7 && next == 0xB0) ||
+            (c == 0xE1 && next == 0xBA && third >= 0x96 && third <= 0x9A) ||
             (c == 0xEF && next == 0xAC && third >= 0x80 && third <= 0x86))
             return true;
     }
@@ -146,10 +145,12 @@ std::shared_ptr<BookFiles::Bytes> readBytes(const QString &path)
     content->lines.reserve(n / 64);
     qsizetype start = 0;
     while (start < n) {
-        const char *lf = static_cast<const char *>(std::memchr(in + start, '\n', size_t(n - start)));
+        const char *lf =
+            static_cast<const char *>(std::memchr(in + start, '\n', size_t(n - start)));
         qsizetype end = lf ? lf - in : n;
         // A CR ends a line too: before the LF, or alone.
-        const char *cr = static_cast<const char *>(std::memchr(in + start, '\r', size_t(end - start)));
+        const char *cr =
+            static_cast<const char *>(std::memchr(in + start, '\r', size_t(end - start)));
         qsizetype next;
         if (cr) {
             end = cr - in;
@@ -158,7 +159,8 @@ std::shared_ptr<BookFiles::Bytes> readBytes(const QString &path)
             next = lf ? end + 1 : n;
         }
         const bool ascii = isAscii(in + start, end - start);
-        content->lines.append({start, end - start, ascii, ascii || !changesIntoAscii(in + start, end - start)});
+        content->lines.append(
+            {start, end - start, ascii, ascii || !changesIntoAscii(in + start, end - start)});
         start = next;
     }
     return content;
@@ -183,7 +185,8 @@ platform::TextEncoding BookFiles::Bytes::encoding() const
     if (!m_encoding) {
         m_encoding = platform::TextEncoding::Utf8;
         for (const Span &span : lines) {
-            if (!span.ascii && !QByteArrayView(bytes).sliced(span.start, span.length).isValidUtf8()) {
+            if (!span.ascii &&
+                !QByteArrayView(bytes).sliced(span.start, span.length).isValidUtf8()) {
                 m_encoding = platform::TextEncoding::Windows1252;
                 break;
             }
@@ -198,7 +201,8 @@ QString BookFiles::Bytes::Text(qsizetype line) const
     const QByteArrayView raw = QByteArrayView(bytes).sliced(span.start, span.length);
     if (span.ascii)
         return QString::fromLatin1(raw);
-    QString text = encoding() == platform::TextEncoding::Utf8 ? QString::fromUtf8(raw) : platform::DecodeWindows1252(raw);
+    QString text = encoding() == platform::TextEncoding::Utf8 ? QString::fromUtf8(raw)
+                                                              : platform::DecodeWindows1252(raw);
     // The file's text begins after its byte-order mark.
     if (line == 0 && text.startsWith(QChar(0xFEFF)) && encoding() == platform::TextEncoding::Utf8)
         text.remove(0, 1);

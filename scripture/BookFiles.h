@@ -11,8 +11,8 @@
 
 // Book files, kept while they are unchanged on disk. Fetching a passage and searching the whole
 // translation read the same files again and again; keeping their decoded lines (for passages) and
-// their bytes (for the searches) makes both immediate after the first read. A file is read again when its
-// size or modification time changes, and the program drops a file it rewrites itself.
+// their bytes (for the searches) makes both immediate after the first read. A file is read again
+// when its size or modification time changes, and the program drops a file it rewrites itself.
 class BookFiles
 {
 public:
@@ -39,7 +39,7 @@ public:
             // just as in its upper-cased text.
             bool foldable = true;
         };
-        QByteArray bytes; // the file as stored
+        QByteArray bytes;  // the file as stored
         QList<Span> lines; // split at CR LF, LF or CR, as the text of the file is
 
         // The line as text, and upper-cased as the searches compare it; the upper-cased text of

@@ -87,14 +87,16 @@ qsizetype indexOf(FoldedAscii text, char16_t key, qsizetype from)
     const qsizetype upper = indexOf(text.raw, key, from);
     if (key < u'A' || key > u'Z')
         return upper;
-    const qsizetype lower = indexOf(std::string_view(upper < 0 ? text.raw : text.raw.substr(0, size_t(upper))),
-                                    char16_t(key + 32), from);
+    const qsizetype lower =
+        indexOf(std::string_view(upper < 0 ? text.raw : text.raw.substr(0, size_t(upper))),
+                char16_t(key + 32), from);
     return lower >= 0 ? lower : upper;
 }
 bool sameAt(FoldedAscii line, qsizetype start, std::string_view word)
 {
     for (size_t i = 0; i < word.size(); ++i) {
-        if (upperAscii(line.raw[size_t(start) + i]) != char16_t(static_cast<unsigned char>(word[i])))
+        if (upperAscii(line.raw[size_t(start) + i]) !=
+            char16_t(static_cast<unsigned char>(word[i])))
             return false;
     }
     return true;
@@ -105,8 +107,7 @@ bool sameAt(QStringView line, qsizetype start, QStringView word)
     return line.mid(start, word.size()) == word;
 }
 
-template<typename Line, typename Word>
-qsizetype findWord(Line line, Word word, qsizetype from)
+template <typename Line, typename Word> qsizetype findWord(Line line, Word word, qsizetype from)
 {
     // Every line of the translation goes through here: look for the word's rarest character with
     // the vectorised single-character search, then compare the whole word around it, which is
@@ -147,8 +148,7 @@ qsizetype findWord(Line line, Word word, qsizetype from)
     return -1;
 }
 
-template<typename Line, typename Word>
-bool wholeWordMatch(Line upperLine, Word word)
+template <typename Line, typename Word> bool wholeWordMatch(Line upperLine, Word word)
 {
     const qsizetype size = qsizetype(upperLine.size());
     qsizetype from = 0;
@@ -205,15 +205,15 @@ bool SearchTerm::In(const BookScan::Line &line, bool wholeWord) const
         return wholeWord ? wholeWordMatch(folded, term) : findWord(folded, term, 0) >= 0;
     }
     const QString &upper = line.file.UpperText(line.index);
-    return wholeWord ? wholeWordMatch(QStringView(upper), QStringView(m_term)) : findWord(QStringView(upper), QStringView(m_term), 0) >= 0;
+    return wholeWord ? wholeWordMatch(QStringView(upper), QStringView(m_term))
+                     : findWord(QStringView(upper), QStringView(m_term), 0) >= 0;
 }
 
 namespace {
 
 // Whether the match of a word of the given length ending at position end (exclusive) stands
 // between non-letters.
-template<typename Text>
-bool standsAlone(Text text, qsizetype end, qsizetype length)
+template <typename Text> bool standsAlone(Text text, qsizetype end, qsizetype length)
 {
     const qsizetype at = end - length;
     return (at == 0 || !isLetter(QChar(unit(text, at - 1)))) &&
@@ -288,15 +288,15 @@ int AnyOfWords::step(int node, char16_t c) const
     }
 }
 
-template<typename Text>
-bool AnyOfWords::find(Text text, bool wholeWord) const
+template <typename Text> bool AnyOfWords::find(Text text, bool wholeWord) const
 {
     int node = 0;
     const qsizetype size = qsizetype(text.size());
     for (qsizetype i = 0; i < size; ++i) {
         node = step(node, unit(text, i));
         // Every word that ends here: this node's own, then those along its output links.
-        for (int w = m_nodes[size_t(node)].word ? node : m_nodes[size_t(node)].output; w != 0; w = m_nodes[size_t(w)].output) {
+        for (int w = m_nodes[size_t(node)].word ? node : m_nodes[size_t(node)].output; w != 0;
+             w = m_nodes[size_t(w)].output) {
             if (!wholeWord || standsAlone(text, i + 1, m_nodes[size_t(w)].depth))
                 return true;
         }
@@ -364,7 +364,8 @@ QString SearchHit::Reference() const
     // The verse number: the line up to its first blank, trimmed.
     const qsizetype blank = line.indexOf(u' ');
     return book + u' ' + chapter + u':' +
-           basStrings::TrimBlanks(blank < 0 ? QStringView(line) : QStringView(line).left(blank)).toString();
+           basStrings::TrimBlanks(blank < 0 ? QStringView(line) : QStringView(line).left(blank))
+               .toString();
 }
 
 QString SearchHit::Listed() const
@@ -397,8 +398,10 @@ QString SearchHit::ListedAll(const QList<SearchHit> &hits)
             continue;
         }
         SearchHit cut = hit;
-        cut.line = hit.line.left(longestLine - (hit.line.at(longestLine - 1).isHighSurrogate() ? 1 : 0));
-        cut.line += QStringLiteral(" [%L1 more characters are not shown.]").arg(hit.line.size() - cut.line.size());
+        cut.line =
+            hit.line.left(longestLine - (hit.line.at(longestLine - 1).isHighSurrogate() ? 1 : 0));
+        cut.line += QStringLiteral(" [%L1 more characters are not shown.]")
+                        .arg(hit.line.size() - cut.line.size());
         text += cut.Listed();
     }
     return text;

@@ -18,14 +18,19 @@ class clsBible;
 class BookScan
 {
 public:
-    enum class Next { Line, Book, Stop };
+    enum class Next
+    {
+        Line,
+        Book,
+        Stop
+    };
 
     struct Line
     {
         int book = 0;
         const QString &chapter; // empty until the first marker is read
         const BookFiles::Bytes &file;
-        qsizetype index = 0;    // the line's number in the file, from 0
+        qsizetype index = 0; // the line's number in the file, from 0
 
         // The line as text, decoded only when asked for.
         QString text() const { return file.Text(index); }
@@ -107,8 +112,7 @@ private:
     };
     static quint64 edgeKey(int node, char16_t c) { return (quint64(node) << 16) | c; }
     int step(int node, char16_t c) const;
-    template<typename Text>
-    bool find(Text text, bool wholeWord) const;
+    template <typename Text> bool find(Text text, bool wholeWord) const;
 
     std::vector<Node> m_nodes;
     std::unordered_map<quint64, int> m_edges;

@@ -48,8 +48,9 @@ QString FitForView(const QString &text)
     // A cut inside a pair of UTF-16 units would leave half a character.
     if (text.at(cut - 1).isHighSurrogate())
         --cut;
-    return text.left(cut) + QStringLiteral("\r\n[The passage is cut here: %L1 more characters are not shown.]\r\n")
-                                .arg(text.size() - cut);
+    return text.left(cut) +
+           QStringLiteral("\r\n[The passage is cut here: %L1 more characters are not shown.]\r\n")
+               .arg(text.size() - cut);
 }
 
 } // namespace PassageFormatter

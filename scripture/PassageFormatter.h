@@ -3,7 +3,8 @@
 #include <QString>
 
 // Passage text to rich text: braces become superscripts (Strong's numbers), square brackets
-// italics (words the translators added), and each line a paragraph. Every view of scripture uses it.
+// italics (words the translators added), and each line a paragraph. Every view of scripture uses
+// it.
 namespace PassageFormatter {
 
 // A rich text group with a colour table whose colour 1 is pure red, for highlighting.

@@ -67,15 +67,16 @@ QuickSearch::Result QuickSearch::run(const clsBible &store, const QString &query
             if (result.matchCount <= limit)
                 return true;
             platform::MsgBox(OverLimitMessage(limit), vb::vbCritical | vb::vbOKOnly);
-            setTitle(QStringLiteral("First ") + QString::number(limit) + QStringLiteral(" results."));
+            setTitle(QStringLiteral("First ") + QString::number(limit) +
+                     QStringLiteral(" results."));
             return false;
         };
         scan.run(store);
     } catch (const std::bad_alloc &) {
         result.outcome = Outcome::TooMany;
         result.hits.clear();
-        result.failureMessage =
-            QStringLiteral("There were too many results to List!!!  Try to modify your search query");
+        result.failureMessage = QStringLiteral(
+            "There were too many results to List!!!  Try to modify your search query");
         setTitle(QString::number(result.matchCount) + QStringLiteral("+ matches were found"));
         return result;
     } catch (const VbError &error) {

@@ -15,13 +15,14 @@ class clsBible;
 class QuickSearch
 {
 public:
-    enum class Outcome {
-        Nothing,     // the query was blank: nothing at all happened
-        UnderLimit,  // fewer results than the limit: the title names the count
-        AtLimit,     // exactly the limit: the title still shows the last book searched
-        OverLimit,   // more than the limit: the first limit + 1 results are kept
-        TooMany,     // out of memory while collecting
-        Failed,      // a book file could not be read, or similar
+    enum class Outcome
+    {
+        Nothing,    // the query was blank: nothing at all happened
+        UnderLimit, // fewer results than the limit: the title names the count
+        AtLimit,    // exactly the limit: the title still shows the last book searched
+        OverLimit,  // more than the limit: the first limit + 1 results are kept
+        TooMany,    // out of memory while collecting
+        Failed,     // a book file could not be read, or similar
     };
 
     struct Result
@@ -29,7 +30,7 @@ public:
         Outcome outcome = Outcome::Nothing;
         QList<SearchHit> hits;
         int matchCount = 0;
-        QString title;       // the title label's text at the end
+        QString title; // the title label's text at the end
         // What to tell the user when the search failed; the caller shows it once the window
         // has its normal pointer back.
         QString failureMessage;

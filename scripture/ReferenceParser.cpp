@@ -22,9 +22,9 @@ QString ExpandAbbreviation(const QString &bookPart)
         const char16_t *replacement;
     };
     static constexpr Row table[] = {
-        {u"DT", u"DEU"},    {u"JDG", u"JUD"},   {u"JG", u"JUD"},     {u"SS", u"SONG"},
-        {u"SOS", u"SONG"},  {u"JNH", u"JONAH"}, {u"MT", u"MAT"},     {u"MK", u"MARK"},
-        {u"MR", u"MARK"},   {u"LK", u"LUKE"},   {u"JN", u"JOHN"},    {u"PHP", u"PHILI"},
+        {u"DT", u"DEU"},    {u"JDG", u"JUD"},   {u"JG", u"JUD"},  {u"SS", u"SONG"},
+        {u"SOS", u"SONG"},  {u"JNH", u"JONAH"}, {u"MT", u"MAT"},  {u"MK", u"MARK"},
+        {u"MR", u"MARK"},   {u"LK", u"LUKE"},   {u"JN", u"JOHN"}, {u"PHP", u"PHILI"},
         {u"PHM", u"PHILE"}, {u"JAS", u"JAMES"},
     };
     const QString key = basStrings::UpperCase(basStrings::TrimBlanks(bookPart).toString());

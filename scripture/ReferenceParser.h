@@ -15,10 +15,10 @@ struct ChapterVerse
 
 struct Reference
 {
-    QString book;       // upper-cased book part, as typed (before the abbreviation table)
+    QString book; // upper-cased book part, as typed (before the abbreviation table)
     int chapterFrom = 0;
     int verseFrom = 0;
-    int chapterTo = 0;  // 0 when the reference names one chapter
+    int chapterTo = 0; // 0 when the reference names one chapter
     int verseTo = 0;
 };
 

@@ -1,8 +1,8 @@
 #include "scripture/StrongConcordance.h"
 
 #include "scripture/BookFiles.h"
-#include "scripture/basStrings.h"
 #include "scripture/TranslationList.h"
+#include "scripture/basStrings.h"
 #include "scripture/clsBible.h"
 
 namespace StrongConcordance {
@@ -26,7 +26,8 @@ bool CarriesNumbers(const clsBible &store)
     for (const int book : {store.FirstBookOfTestament(0), store.FirstBookOfTestament(1)}) {
         if (book < 1 || book > store.BooksCount())
             continue;
-        const std::shared_ptr<const BookFiles::Content> file = BookFiles::lines(store.BookFilePath(book));
+        const std::shared_ptr<const BookFiles::Content> file =
+            BookFiles::lines(store.BookFilePath(book));
         if (!file)
             continue;
         // A tagged translation carries numbers on nearly every verse; a few hundred lines tell.
@@ -52,8 +53,9 @@ QString TaggedTranslation(const QString &programFolder, const QString &except)
     return QString();
 }
 
-const clsBible *StoreFor(const clsBible &open, const QString &programFolder, const QString &openFolder,
-                         std::unique_ptr<clsBible> &other, QString &otherName)
+const clsBible *StoreFor(const clsBible &open, const QString &programFolder,
+                         const QString &openFolder, std::unique_ptr<clsBible> &other,
+                         QString &otherName)
 {
     if (CarriesNumbers(open))
         return &open;
@@ -68,8 +70,8 @@ const clsBible *StoreFor(const clsBible &open, const QString &programFolder, con
     return other.get();
 }
 
-QuickSearch::Result Run(QuickSearch &search, const clsBible &store, const QString &number, int limit,
-                        const QString &otherTranslation)
+QuickSearch::Result Run(QuickSearch &search, const clsBible &store, const QString &number,
+                        int limit, const QString &otherTranslation)
 {
     const QString braced = u'{' + number + u'}';
     QuickSearch::Result result = search.run(store, braced, false, limit);

@@ -28,12 +28,13 @@ QString TaggedTranslation(const QString &programFolder, const QString &except = 
 // The translation the concordance searches: the open one when its text carries the numbers, else
 // the first other installed one that does. That one is opened into `other` (with the separator
 // of the open one) and its name is put in `otherName`. Null when no translation carries them.
-const clsBible *StoreFor(const clsBible &open, const QString &programFolder, const QString &openFolder,
-                         std::unique_ptr<clsBible> &other, QString &otherName);
+const clsBible *StoreFor(const clsBible &open, const QString &programFolder,
+                         const QString &openFolder, std::unique_ptr<clsBible> &other,
+                         QString &otherName);
 
 // Runs the search for a normalized number. otherTranslation names the translation searched when
 // it is not the one the reader has open; the final title then says so.
-QuickSearch::Result Run(QuickSearch &search, const clsBible &store, const QString &number, int limit,
-                        const QString &otherTranslation = QString());
+QuickSearch::Result Run(QuickSearch &search, const clsBible &store, const QString &number,
+                        int limit, const QString &otherTranslation = QString());
 
 } // namespace StrongConcordance

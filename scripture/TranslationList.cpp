@@ -11,8 +11,8 @@ namespace TranslationList {
 Header ReadHeader(const QString &translationFolder)
 {
     Header header;
-    const std::optional<platform::TextFileContent> file =
-        platform::ReadTextLines(basStrings::JoinPath(translationFolder, QStringLiteral("bible.dat")));
+    const std::optional<platform::TextFileContent> file = platform::ReadTextLines(
+        basStrings::JoinPath(translationFolder, QStringLiteral("bible.dat")));
     if (!file)
         return header;
     header.found = true;
@@ -41,7 +41,8 @@ QList<InstalledTranslation> List(const QString &programFolder)
         // A translation without a name on its first line is still one; a blank entry could not
         // be told apart or chosen with confidence, so it goes by its folder's name.
         if (header.found)
-            list.append({folder, basStrings::TrimBlanks(header.name).isEmpty() ? folder : header.name});
+            list.append(
+                {folder, basStrings::TrimBlanks(header.name).isEmpty() ? folder : header.name});
     }
     return list;
 }

@@ -63,8 +63,9 @@ bool clsBible::loadMap(int testament, int &row)
     // The book files' names as they are on disk, so that a search over all the books does not
     // have to look each one up without regard to case.
     QHash<QString, QString> onDisk;
-    const QStringList files = QDir(platform::ResolvePath(m_testamentFolders[testament]))
-                                  .entryList({QStringLiteral("*.dat")}, QDir::Files | QDir::CaseSensitive);
+    const QStringList files =
+        QDir(platform::ResolvePath(m_testamentFolders[testament]))
+            .entryList({QStringLiteral("*.dat")}, QDir::Files | QDir::CaseSensitive);
     for (const QString &file : files)
         onDisk.insert(file.toUpper(), file);
     for (const QString &line : map->lines) {
@@ -81,7 +82,8 @@ bool clsBible::loadMap(int testament, int &row)
         }
         m_books[row].name = entry->name;
         m_books[row].chapters = entry->chapters;
-        m_books[row].fileName = onDisk.value((entry->name.trimmed() + QStringLiteral(".dat")).toUpper());
+        m_books[row].fileName =
+            onDisk.value((entry->name.trimmed() + QStringLiteral(".dat")).toUpper());
         ++row;
     }
     return true;
@@ -140,8 +142,10 @@ int clsBible::BookByName(const QString &name) const
 
 QString clsBible::BookFilePath(int number) const
 {
-    const QString &onDisk = m_books[std::clamp(number, 1, std::clamp(m_booksCount, 1, MaxBooks)) - 1].fileName;
-    return m_testamentFolders[TestamentOfBook(number)] + (onDisk.isEmpty() ? BookName(number) + QStringLiteral(".dat") : onDisk);
+    const QString &onDisk =
+        m_books[std::clamp(number, 1, std::clamp(m_booksCount, 1, MaxBooks)) - 1].fileName;
+    return m_testamentFolders[TestamentOfBook(number)] +
+           (onDisk.isEmpty() ? BookName(number) + QStringLiteral(".dat") : onDisk);
 }
 
 bool clsBible::lookUpBook(QString &name, Passage &record) const
@@ -163,8 +167,8 @@ bool clsBible::lookUpBook(QString &name, Passage &record) const
     return false;
 }
 
-QString clsBible::read(Passage &record, QString book, int chapterFrom, int verseFrom, int chapterTo, int verseTo,
-                       bool inTextReference) const
+QString clsBible::read(Passage &record, QString book, int chapterFrom, int verseFrom, int chapterTo,
+                       int verseTo, bool inTextReference) const
 {
     // 1. Find the book; an unknown one changes nothing but the testament.
     if (!lookUpBook(book, record))
@@ -218,7 +222,8 @@ QString clsBible::read(Passage &record, QString book, int chapterFrom, int verse
     record.chapterTo = chapterTo;
     if (!file) {
         record.readFailed = true;
-        platform::MsgBox(platform::ErrText(53, VbError::fileNotFound(platform::ResolvePath(path)).description));
+        platform::MsgBox(
+            platform::ErrText(53, VbError::fileNotFound(platform::ResolvePath(path)).description));
         return QString();
     }
     if (!inside)
@@ -292,14 +297,17 @@ QString Passage::Standard() const
 QString clsBible::readOne(Passage &record, const QString &reference, bool inTextReference) const
 {
     const ReferenceParser::Reference ref = ReferenceParser::Parse(reference);
-    return read(record, ref.book, ref.chapterFrom, ref.verseFrom, ref.chapterTo, ref.verseTo, inTextReference);
+    return read(record, ref.book, ref.chapterFrom, ref.verseFrom, ref.chapterTo, ref.verseTo,
+                inTextReference);
 }
 
-Passage clsBible::FetchPassage(const QString &book, int chapterFrom, int verseFrom, int chapterTo, int verseTo) const
+Passage clsBible::FetchPassage(const QString &book, int chapterFrom, int verseFrom, int chapterTo,
+                               int verseTo) const
 {
     Passage fetched = m_last;
     fetched.readFailed = m_lastReadFailed;
-    fetched.text = read(fetched, book, chapterFrom, verseFrom, chapterTo, verseTo, m_inTextReference);
+    fetched.text =
+        read(fetched, book, chapterFrom, verseFrom, chapterTo, verseTo, m_inTextReference);
     return fetched;
 }
 
@@ -338,12 +346,14 @@ Passage clsBible::MoveTo(const QString &references)
     return remember(Fetch(references));
 }
 
-Passage clsBible::MoveToPassage(const QString &book, int chapterFrom, int verseFrom, int chapterTo, int verseTo)
+Passage clsBible::MoveToPassage(const QString &book, int chapterFrom, int verseFrom, int chapterTo,
+                                int verseTo)
 {
     return remember(FetchPassage(book, chapterFrom, verseFrom, chapterTo, verseTo));
 }
 
-QString clsBible::passage(const QString &book, int chapterFrom, int verseFrom, int chapterTo, int verseTo)
+QString clsBible::passage(const QString &book, int chapterFrom, int verseFrom, int chapterTo,
+                          int verseTo)
 {
     return MoveToPassage(book, chapterFrom, verseFrom, chapterTo, verseTo).text;
 }

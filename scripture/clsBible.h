@@ -81,8 +81,8 @@ public:
 
     // The same, moving the store's record to what was fetched: for the window that shows it.
     Passage MoveTo(const QString &references);
-    Passage MoveToPassage(const QString &book, int chapterFrom, int verseFrom = 0, int chapterTo = 0,
-                          int verseTo = 0);
+    Passage MoveToPassage(const QString &book, int chapterFrom, int verseFrom = 0,
+                          int chapterTo = 0, int verseTo = 0);
     QString Passagebystandard(const QString &references) { return MoveTo(references).text; }
     QString passage(const QString &book, int chapterFrom, int verseFrom = 0, int chapterTo = 0,
                     int verseTo = 0);
@@ -119,8 +119,8 @@ private:
     bool lookUpBook(QString &name, Passage &record) const;
     bool loadMap(int testament, int &row);
     // Reads one passage into the record as the store's passage steps say; returns its text.
-    QString read(Passage &record, QString book, int chapterFrom, int verseFrom, int chapterTo, int verseTo,
-                 bool inTextReference) const;
+    QString read(Passage &record, QString book, int chapterFrom, int verseFrom, int chapterTo,
+                 int verseTo, bool inTextReference) const;
     QString readOne(Passage &record, const QString &reference, bool inTextReference) const;
     // Makes a fetch the store's last passage.
     Passage remember(Passage fetched);

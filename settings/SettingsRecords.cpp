@@ -59,8 +59,7 @@ std::optional<QByteArray> readRecord(const QString &path, int length)
 }
 
 // Record 1 of a file into a record; a missing or short file gives the defaults.
-template<typename Record>
-bool readInto(Record &record, const QString &path)
+template <typename Record> bool readInto(Record &record, const QString &path)
 {
     const std::optional<QByteArray> bytes = readRecord(path, Record::RecordLength);
     record = bytes ? Record::fromBytes(*bytes) : Record::Defaults();

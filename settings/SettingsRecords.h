@@ -10,7 +10,6 @@
 // by field, byte for byte.
 // Colours are Windows colour values: 0x00BBGGRR, or a system colour with the high bit set.
 
-
 // One display area's look: 48 bytes on disk.
 struct TextStyle
 {

@@ -88,7 +88,8 @@ QRect WindowPlacement::availableScreen(const QRect &near) const
 {
     QScreen *screen = QGuiApplication::screenAt(near.center());
     if (!screen)
-        screen = m_window && m_window->screen() ? m_window->screen() : QGuiApplication::primaryScreen();
+        screen =
+            m_window && m_window->screen() ? m_window->screen() : QGuiApplication::primaryScreen();
     return screen ? screen->availableGeometry() : QRect();
 }
 
@@ -140,7 +141,8 @@ void WindowPlacement::CentreOver(QWidget *window, const QWidget *over)
     QScreen *screen = QGuiApplication::screenAt(outer.center());
     if (!screen)
         screen = over->screen();
-    const QRect fitted = FitOnScreen(outer, screen ? screen->availableGeometry() : QRect(), window->minimumSize());
+    const QRect fitted =
+        FitOnScreen(outer, screen ? screen->availableGeometry() : QRect(), window->minimumSize());
     window->resize(fitted.width(), fitted.height() - qMax(titleBar, 0));
     window->move(fitted.topLeft());
 }
@@ -180,7 +182,8 @@ void WindowPlacement::restore()
             read(m_height, kHeight, ty);
             outer.setSize(QSize(m_width.pixels, m_height.pixels));
         }
-        const QRect fitted = FitOnScreen(outer, availableScreen(outer), m_window->minimumSize() + frameExtra());
+        const QRect fitted =
+            FitOnScreen(outer, availableScreen(outer), m_window->minimumSize() + frameExtra());
         // What had to move to fit on screen is written back as it is now, not as it was read.
         m_left.set = m_left.set && fitted.left() == m_left.pixels;
         m_top.set = m_top.set && fitted.top() == m_top.pixels;
@@ -313,7 +316,9 @@ void WindowPlacement::save()
         for (qsizetype i = 0; i < entry.keys.size() && i < positions.size(); ++i) {
             const Remembered &value = entry.handles.at(i);
             // Splitters not laid out yet stand where they were read.
-            const int twips = m_splittersPending && value.set ? value.twips : writeBack(value, positions.at(i), tx);
+            const int twips = m_splittersPending && value.set
+                                  ? value.twips
+                                  : writeBack(value, positions.at(i), tx);
             ini.setData(m_section, entry.keys.at(i), twips);
         }
     }
@@ -363,7 +368,8 @@ void WindowPlacement::settleNormalSize()
     // window is normal before the first: for a short while each step is put right.
     if (!m_settlingNormal) {
         m_settlingNormal = true;
-        QTimer::singleShot(kFrameSettleMs, this, [this] { m_fixNormal = m_settlingNormal = false; });
+        QTimer::singleShot(kFrameSettleMs, this,
+                           [this] { m_fixNormal = m_settlingNormal = false; });
     }
     const QSize extra = frameOf(m_window);
     if (m_window->frameGeometry() == m_maximisedOuter || !isFramed(extra))

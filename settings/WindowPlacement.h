@@ -27,7 +27,8 @@ class WindowPlacement : public QObject
     Q_OBJECT
 
 public:
-    enum Part {
+    enum Part
+    {
         Position = 0x1, // "left", "top"
         Size = 0x2,     // "width", "height": the outer size, frame included
         State = 0x4,    // "windowstate": 0 normal, 1 minimised, 2 maximised; the placement is
@@ -100,12 +101,12 @@ private:
     QString m_tabKey;
 
     Remembered m_left, m_top, m_width, m_height;
-    QRect m_wantedOuter;       // outer rectangle asked for at restore, in pixels
-    QSize m_minimumOuter;      // smallest outer size, in pixels; invalid when not set
-    bool m_fixFrame = false;   // the frame was not known yet when the size was set
-    bool m_fixNormal = false;  // ... and the window was maximised when the frame came
+    QRect m_wantedOuter;           // outer rectangle asked for at restore, in pixels
+    QSize m_minimumOuter;          // smallest outer size, in pixels; invalid when not set
+    bool m_fixFrame = false;       // the frame was not known yet when the size was set
+    bool m_fixNormal = false;      // ... and the window was maximised when the frame came
     bool m_settlingNormal = false; // ... and it has just been made normal
-    QRect m_maximisedOuter;    // where it stood maximised, in pixels
+    QRect m_maximisedOuter;        // where it stood maximised, in pixels
     bool m_splittersPending = false;
     QElapsedTimer m_shown;
 };

@@ -6,7 +6,6 @@
 #include "settings/WindowSettings.h"
 #include "settings/basSettings.h"
 
-#include <cmath>
 #include <QCheckBox>
 #include <QEvent>
 #include <QFormLayout>
@@ -20,6 +19,7 @@
 #include <QPushButton>
 #include <QTabWidget>
 #include <QVBoxLayout>
+#include <cmath>
 
 #include <cstdlib>
 #include <optional>
@@ -28,8 +28,9 @@ namespace {
 
 // The custom colours the colour dialog offers, slots 0 to 15.
 constexpr int kCustomColors[16][3] = {
-    {192, 205, 220}, {181, 196, 185}, {186, 200, 222}, {174, 183, 217}, {197, 197, 207}, {160, 210, 248},
-    {194, 179, 173}, {176, 197, 171}, {255, 255, 255}, {200, 200, 200}, {170, 170, 170}, {140, 140, 140},
+    {192, 205, 220}, {181, 196, 185}, {186, 200, 222}, {174, 183, 217},
+    {197, 197, 207}, {160, 210, 248}, {194, 179, 173}, {176, 197, 171},
+    {255, 255, 255}, {200, 200, 200}, {170, 170, 170}, {140, 140, 140},
     {110, 110, 110}, {80, 80, 80},    {50, 50, 50},    {0, 0, 0},
 };
 
@@ -57,8 +58,8 @@ std::optional<qint16> LeadingInteger(const QString &text)
 
 } // namespace
 
-frmOptions::frmOptions(const QList<InstalledTranslation> &translations, const QString &currentFolder,
-                       QWidget *parent)
+frmOptions::frmOptions(const QList<InstalledTranslation> &translations,
+                       const QString &currentFolder, QWidget *parent)
     : QDialog(parent), m_translations(translations)
 {
     setObjectName(QStringLiteral("frmOptions"));
@@ -100,8 +101,9 @@ frmOptions::frmOptions(const QList<InstalledTranslation> &translations, const QS
 
     // 2. The colour dialog's custom colours; the font dialog offers what the areas can show.
     for (int i = 0; i < 16; ++i)
-        m_colorDialog.setCustomColors(i, platform::QColorToWindowsColor(
-                                             QColor(kCustomColors[i][0], kCustomColors[i][1], kCustomColors[i][2])));
+        m_colorDialog.setCustomColors(
+            i, platform::QColorToWindowsColor(
+                   QColor(kCustomColors[i][0], kCustomColors[i][1], kCustomColors[i][2])));
     m_colorDialog.setRGBInit(true);
     m_colorDialog.setFullOpen(true);
     m_fontDialog.setShowScreenOnly(true);
@@ -173,9 +175,12 @@ QWidget *frmOptions::buildLookTab()
         Area area;
     };
     const AreaControls areas[] = {
-        {"Navigation Lists", "cmdNavFont", "lblNavFont", "lblNavBack", "navigation", &lblNavFont, &lblNavBack, Navigation},
-        {"Passage Window", "cmdPassFont", "lblPassFont", "lblPassBack", "passage", &lblPassFont, &lblPassBack, Passage},
-        {"Title Window", "cmdTitFont", "lblTitFont", "lblTitBack", "title", &lblTitFont, &lblTitBack, Title},
+        {"Navigation Lists", "cmdNavFont", "lblNavFont", "lblNavBack", "navigation", &lblNavFont,
+         &lblNavBack, Navigation},
+        {"Passage Window", "cmdPassFont", "lblPassFont", "lblPassBack", "passage", &lblPassFont,
+         &lblPassBack, Passage},
+        {"Title Window", "cmdTitFont", "lblTitFont", "lblTitBack", "title", &lblTitFont,
+         &lblTitBack, Title},
     };
     int row = 0;
     for (const AreaControls &a : areas) {
@@ -185,8 +190,11 @@ QWidget *frmOptions::buildLookTab()
         font->setObjectName(QLatin1String(a.font));
         font->setToolTip(tr("Click here to change the font for ") + QLatin1String(a.what));
         connect(font, &QPushButton::clicked, this, [this, area = a.area] { changeFont(area); });
-        *a.fore = makeSwatch(a.foreSwatch, QStringLiteral("Click here to change font color for ") + QLatin1String(a.what));
-        *a.back = makeSwatch(a.backSwatch, QStringLiteral("Click here to change background color for ") + QLatin1String(a.what));
+        *a.fore = makeSwatch(a.foreSwatch, QStringLiteral("Click here to change font color for ") +
+                                               QLatin1String(a.what));
+        *a.back =
+            makeSwatch(a.backSwatch, QStringLiteral("Click here to change background color for ") +
+                                         QLatin1String(a.what));
         form->addRow(font);
         form->addRow(tr("Font Color:"), *a.fore);
         form->addRow(tr("BackGround:"), *a.back);
@@ -214,8 +222,8 @@ QWidget *frmOptions::buildGeneralTab()
     auto *layout = new QVBoxLayout(page);
     auto *other = new QGroupBox(tr("Other"), page);
     auto *form = new QFormLayout(other);
-    lblRightClickColor = makeSwatch("lblRightClickColor",
-                                    tr("Click here to change the highlight color of a right click"));
+    lblRightClickColor = makeSwatch(
+        "lblRightClickColor", tr("Click here to change the highlight color of a right click"));
     form->addRow(tr("Right Click Highlight:"), lblRightClickColor);
     txtSearchResults = new QLineEdit(other);
     txtSearchResults->setObjectName(QStringLiteral("txtSearchResults"));
@@ -226,11 +234,13 @@ QWidget *frmOptions::buildGeneralTab()
 
     chkLineBreaks = new QCheckBox(tr("Line break between verses"), page);
     chkLineBreaks->setObjectName(QStringLiteral("chkLineBreaks"));
-    chkLineBreaks->setToolTip(tr("Allows you to suppress the line break between verses.  If unchecked, verses "
-                                             "will simply continue and only word wrap at end of line"));
+    chkLineBreaks->setToolTip(
+        tr("Allows you to suppress the line break between verses.  If unchecked, verses "
+           "will simply continue and only word wrap at end of line"));
     chkRememberWindowSetting = new QCheckBox(tr("Remember Window Settings"), page);
     chkRememberWindowSetting->setObjectName(QStringLiteral("chkRememberWindowSetting"));
-    chkRememberWindowSetting->setToolTip(tr("The program remembers window positions and sizes upon closing"));
+    chkRememberWindowSetting->setToolTip(
+        tr("The program remembers window positions and sizes upon closing"));
     layout->addWidget(chkLineBreaks);
     layout->addWidget(chkRememberWindowSetting);
     layout->addStretch(1);
@@ -248,16 +258,18 @@ QWidget *frmOptions::buildLoadTab()
     lstVersions->setObjectName(QStringLiteral("lstVersions"));
     lstVersions->setToolTip(tr("Displays the currently installed translations"));
     listLabel->setBuddy(lstVersions);
-    auto *loadNote = new QLabel(tr("If you wish to switch to another translation immediately, then click on the "
-                                               "\"Load Selected Version Now\" command button."),
-                                group);
+    auto *loadNote =
+        new QLabel(tr("If you wish to switch to another translation immediately, then click on the "
+                      "\"Load Selected Version Now\" command button."),
+                   group);
     loadNote->setWordWrap(true);
     auto *cmdLoadVersion = new QPushButton(tr("Load Selected Version Now"), group);
     cmdLoadVersion->setObjectName(QStringLiteral("cmdLoadVersion"));
     connect(cmdLoadVersion, &QPushButton::clicked, this, &frmOptions::cmdLoadVersion_Click);
-    auto *autoNote = new QLabel(tr("This setting will allow you to select a version to autoload or cancel the "
-                                               "autoload feature.  You must restart the program for the settings to take effect"),
-                                group);
+    auto *autoNote = new QLabel(
+        tr("This setting will allow you to select a version to autoload or cancel the "
+           "autoload feature.  You must restart the program for the settings to take effect"),
+        group);
     autoNote->setWordWrap(true);
     chkAutoLoad = new QCheckBox(tr("Autoload Selected Version"), group);
     chkAutoLoad->setObjectName(QStringLiteral("chkAutoLoad"));
@@ -360,12 +372,14 @@ void frmOptions::cmdDiscard_Click()
 void frmOptions::cmdHelp_Click()
 {
     platform::MsgBox(
-        tr("Fonts and Colors: click a color box or a preview line to pick its color, and \"Change Font\" "
-                       "to pick the font of the lists, the passage or the title.\r\n"
-                       "General: the highlight of a right click, the most results a search shows, line breaks "
-                       "between verses, and whether windows open where they were left.\r\n"
-                       "Load: the translation to open at start, or to open now.\r\n"
-                       "Nothing changes until you click \"Save Settings\"; \"Discard\" leaves everything as it was."),
+        tr("Fonts and Colors: click a color box or a preview line to pick its color, and \"Change "
+           "Font\" "
+           "to pick the font of the lists, the passage or the title.\r\n"
+           "General: the highlight of a right click, the most results a search shows, line breaks "
+           "between verses, and whether windows open where they were left.\r\n"
+           "Load: the translation to open at start, or to open now.\r\n"
+           "Nothing changes until you click \"Save Settings\"; \"Discard\" leaves everything as it "
+           "was."),
         vb::vbInformation, tr("Bible Options"));
 }
 

@@ -46,7 +46,12 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    enum Area { Navigation, Passage, Title };
+    enum Area
+    {
+        Navigation,
+        Passage,
+        Title
+    };
 
     QWidget *buildLookTab();
     QWidget *buildGeneralTab();

@@ -66,7 +66,8 @@ private slots:
     {
         QList<int> psalms(150, 2);
         makeTranslation(m_dir.path(), QStringLiteral("TEST"),
-                        wholeBible({{QStringLiteral("Psalms"), false, chapters(QStringLiteral("Psalms"), psalms)}}));
+                        wholeBible({{QStringLiteral("Psalms"), false,
+                                     chapters(QStringLiteral("Psalms"), psalms)}}));
         writeFile(m_dir.filePath(QStringLiteral("window.ini")), "[load]\r\nautoload=0\r\n");
     }
 
@@ -81,18 +82,22 @@ private slots:
         inDialog(program.control<QAction>("mnuBookmarksAdd"), [&](QDialog *dialog) {
             auto *reference = dialog->findChild<QLineEdit *>(QStringLiteral("txtReference"));
             offered = reference->text();
-            dialog->findChild<QLineEdit *>(QStringLiteral("txtName"))->setText(QStringLiteral("Shepherd"));
+            dialog->findChild<QLineEdit *>(QStringLiteral("txtName"))
+                ->setText(QStringLiteral("Shepherd"));
             reference->setText(QStringLiteral("Psalm 23"));
-            QTest::mouseClick(dialog->findChild<QPushButton *>(QStringLiteral("Command1")), Qt::LeftButton);
+            QTest::mouseClick(dialog->findChild<QPushButton *>(QStringLiteral("Command1")),
+                              Qt::LeftButton);
         });
         // The dialog offers the reference on display.
         QCOMPARE(offered, QStringLiteral("PSALMS 23"));
         QCOMPARE(readAll(), QByteArray("\"First\",\"Gen 1\"\r\n\"Shepherd\",\"Psalm 23\"\r\n"));
-        QCOMPARE(entries(program), (QStringList{QStringLiteral("First"), QStringLiteral("Shepherd")}));
+        QCOMPARE(entries(program),
+                 (QStringList{QStringLiteral("First"), QStringLiteral("Shepherd")}));
 
         program.main()->GoToReference(QStringLiteral("John 1"));
         program.control<QAction>("mnuBookmarksBookmarks2")->trigger();
-        QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("Bookmark: PSALMS 23 -- Shepherd"));
+        QCOMPARE(program.control<QLabel>("lbltitle")->text(),
+                 QStringLiteral("Bookmark: PSALMS 23 -- Shepherd"));
         QCOMPARE(answers.count(), 0);
     }
 
@@ -107,19 +112,24 @@ private slots:
             auto *list = dialog->findChild<QListWidget *>(QStringLiteral("lstBookmarks"));
             QCOMPARE(list->count(), 3);
             list->setCurrentRow(0);
-            QTest::mouseClick(dialog->findChild<QPushButton *>(QStringLiteral("cmdRemove")), Qt::LeftButton);
-            QTest::mouseClick(dialog->findChild<QPushButton *>(QStringLiteral("cmdCancel")), Qt::LeftButton);
+            QTest::mouseClick(dialog->findChild<QPushButton *>(QStringLiteral("cmdRemove")),
+                              Qt::LeftButton);
+            QTest::mouseClick(dialog->findChild<QPushButton *>(QStringLiteral("cmdCancel")),
+                              Qt::LeftButton);
         });
         QCOMPARE(answers.prompts(), QStringList{QStringLiteral("Are you sure?")});
         // The file and the menu are as they were; entry B now shows the reference after its own.
         QCOMPARE(readAll(), before);
-        QCOMPARE(entries(program), (QStringList{QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C")}));
+        QCOMPARE(entries(program),
+                 (QStringList{QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C")}));
         program.control<QAction>("mnuBookmarksBookmarks2")->trigger();
-        QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("Bookmark: LEVITICUS 3 -- B"));
+        QCOMPARE(program.control<QLabel>("lbltitle")->text(),
+                 QStringLiteral("Bookmark: LEVITICUS 3 -- B"));
         // Until the next load.
         program.main()->LoadBookmarks();
         program.control<QAction>("mnuBookmarksBookmarks2")->trigger();
-        QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("Bookmark: EXODUS 2 -- B"));
+        QCOMPARE(program.control<QLabel>("lbltitle")->text(),
+                 QStringLiteral("Bookmark: EXODUS 2 -- B"));
     }
 
     void removingTheOnlyBookmarkAndSaving()
@@ -131,8 +141,10 @@ private slots:
         QCOMPARE(entries(program), QStringList{QStringLiteral("Only, one")});
         inDialog(program.control<QAction>("mnuBookmarksOrganize"), [&](QDialog *dialog) {
             dialog->findChild<QListWidget *>(QStringLiteral("lstBookmarks"))->setCurrentRow(0);
-            QTest::mouseClick(dialog->findChild<QPushButton *>(QStringLiteral("cmdRemove")), Qt::LeftButton);
-            QTest::mouseClick(dialog->findChild<QPushButton *>(QStringLiteral("cmdSave")), Qt::LeftButton);
+            QTest::mouseClick(dialog->findChild<QPushButton *>(QStringLiteral("cmdRemove")),
+                              Qt::LeftButton);
+            QTest::mouseClick(dialog->findChild<QPushButton *>(QStringLiteral("cmdSave")),
+                              Qt::LeftButton);
         });
         QCOMPARE(readAll(), QByteArray());
         QVERIFY(entries(program).isEmpty());

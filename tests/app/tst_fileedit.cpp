@@ -45,17 +45,22 @@ class TestFileEdit : public QObject
         find->findChild<QCheckBox *>(QStringLiteral("chkWordSearch"))->setChecked(wholeWord);
         return find;
     }
-    static void press(frmFind *find) { find->findChild<QPushButton *>(QStringLiteral("cmdFind"))->click(); }
+    static void press(frmFind *find)
+    {
+        find->findChild<QPushButton *>(QStringLiteral("cmdFind"))->click();
+    }
 
 private slots:
     void initTestCase()
     {
-        const QStringList genesis{"CHAPTER 1", "1 Let there be light: and there was LIGHT.", "2 God saw the Light",
-                                  "CHAPTER 2", "1 delight"};
-        makeTranslation(m_dir.path(), QStringLiteral("KJV"), wholeBible({{QStringLiteral("Genesis"), false, genesis}}),
+        const QStringList genesis{"CHAPTER 1", "1 Let there be light: and there was LIGHT.",
+                                  "2 God saw the Light", "CHAPTER 2", "1 delight"};
+        makeTranslation(m_dir.path(), QStringLiteral("KJV"),
+                        wholeBible({{QStringLiteral("Genesis"), false, genesis}}),
                         QStringLiteral("Test Version"));
         writeFile(m_dir.filePath(QStringLiteral("bookmarks.dat")), "");
-        writeFile(m_dir.filePath(QStringLiteral("window.ini")), "[load]\r\nautoload=0\r\n[verseofday]\r\nshow=0\r\n");
+        writeFile(m_dir.filePath(QStringLiteral("window.ini")),
+                  "[load]\r\nautoload=0\r\n[verseofday]\r\nshow=0\r\n");
     }
 
     void findStepsThroughTheText()
@@ -75,7 +80,8 @@ private slots:
             found << view->SelStart();
             QCOMPARE(view->SelText().toLower(), QStringLiteral("light"));
         }
-        QCOMPARE(found, (QList<int>{int(text.indexOf(QStringLiteral("light"))), int(text.indexOf(QStringLiteral("LIGHT"))),
+        QCOMPARE(found, (QList<int>{int(text.indexOf(QStringLiteral("light"))),
+                                    int(text.indexOf(QStringLiteral("LIGHT"))),
                                     int(text.indexOf(QStringLiteral("Light")))}));
         QCOMPARE(answers.count(), 0);
         press(find);
@@ -88,7 +94,8 @@ private slots:
         view->setSelStart(0);
         press(find);
         QCOMPARE(view->SelText(), QStringLiteral(" light"));
-        find->findChild<QLineEdit *>(QStringLiteral("txtSearch"))->setText(QStringLiteral("GENESIS"));
+        find->findChild<QLineEdit *>(QStringLiteral("txtSearch"))
+            ->setText(QStringLiteral("GENESIS"));
         view->setSelStart(0);
         press(find);
         QCOMPARE(answers.count(), 2);
@@ -126,7 +133,8 @@ private slots:
         // The keys go where the keyboard is.
         QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("abc"));
         QCOMPARE(notes->Text(), QStringLiteral("abcmy own note"));
-        QCOMPARE(find->findChild<QLineEdit *>(QStringLiteral("txtSearch"))->text(), QStringLiteral("own"));
+        QCOMPARE(find->findChild<QLineEdit *>(QStringLiteral("txtSearch"))->text(),
+                 QStringLiteral("own"));
         answers.enqueue(vb::vbNo); // leave the notes unsaved when the harness closes
     }
 
@@ -157,7 +165,8 @@ private slots:
         QTest::addColumn<bool>("rich");
         QTest::newRow("rich text") << "notes" << 2 << "notes.rtf" << true;
         QTest::newRow("text, ending typed") << "notes.txt" << 1 << "notes.txt" << false;
-        QTest::newRow("rich text, ending typed in capitals") << "NOTES.RTF" << 2 << "NOTES.RTF" << true;
+        QTest::newRow("rich text, ending typed in capitals")
+            << "NOTES.RTF" << 2 << "NOTES.RTF" << true;
         QTest::newRow("all files save text") << "passage" << 3 << "passage.txt" << false;
     }
 
@@ -194,7 +203,8 @@ private slots:
         // Export writes "export.txt" beside the program and opens it.
         support::ShellRecorder shell;
         program.control<QAction>("mnuFileExportNotepad")->trigger();
-        QCOMPARE(read(m_dir.filePath(QStringLiteral("export.txt"))), shown + QStringLiteral("\r\n"));
+        QCOMPARE(read(m_dir.filePath(QStringLiteral("export.txt"))),
+                 shown + QStringLiteral("\r\n"));
         QCOMPARE(shell.opened.size(), 1);
         QVERIFY(shell.opened.first().toLocalFile().endsWith(QStringLiteral("/export.txt")));
         QCOMPARE(answers.count(), 0);
@@ -229,8 +239,9 @@ private slots:
             });
             program.control<QAction>("mnuFileSave")->trigger();
         }
-        QCOMPARE(answers.prompts(), QStringList{QDir::toNativeSeparators(existing) +
-                                                QStringLiteral(" already exists.\r\nDo you want to replace it?")});
+        QCOMPARE(answers.prompts(),
+                 QStringList{QDir::toNativeSeparators(existing) +
+                             QStringLiteral(" already exists.\r\nDo you want to replace it?")});
         QCOMPARE(answers.last().buttons & 0xF, int(vb::vbYesNo));
         QCOMPARE(QDir(out.path()).entryList(QDir::Files), QStringList{QStringLiteral("plain.txt")});
         QCOMPARE(read(existing) == QStringLiteral("kept"), answer == vb::vbNo);
@@ -272,7 +283,8 @@ private slots:
         QCOMPARE(shell.opened.size(), 3);
         QCOMPARE(shell.opened.last().toString(), frmMain::WebSite);
         QCOMPARE(answers.last().title, QStringLiteral("Mailing List"));
-        QCOMPARE(answers.last().buttons, int(vb::vbQuestion | vb::vbYesNo | vb::vbMsgBoxSetForeground));
+        QCOMPARE(answers.last().buttons,
+                 int(vb::vbQuestion | vb::vbYesNo | vb::vbMsgBoxSetForeground));
         QVERIFY(answers.last().prompt.startsWith(QStringLiteral("The mailinglist is designed")));
     }
 
@@ -281,8 +293,10 @@ private slots:
     {
         QTest::addColumn<QString>("action");
         QTest::addColumn<QString>("named");
-        QTest::newRow("export") << "mnuFileExportNotepad" << "/export.txt";
-        QTest::newRow("help") << "mnuHelpContents" << "help/index.html";
+        QTest::newRow("export") << "mnuFileExportNotepad"
+                                << "/export.txt";
+        QTest::newRow("help") << "mnuHelpContents"
+                              << "help/index.html";
         QTest::newRow("web site") << "mnuHelpWebSite" << frmMain::WebSite;
         QTest::newRow("mailing list") << "mnuHelpMailingList" << frmMain::WebSite;
     }
@@ -291,7 +305,8 @@ private slots:
     {
         QFETCH(QString, action);
         QFETCH(QString, named);
-        platform::MsgBoxAnswerer answers; // the mailing list's question gets Yes, as unanswered boxes do
+        platform::MsgBoxAnswerer
+            answers; // the mailing list's question gets Yes, as unanswered boxes do
         ProgramHarness program(m_dir.path());
         QVERIFY(program.start(QStringLiteral("KJV")));
         support::ShellRecorder shell(false);

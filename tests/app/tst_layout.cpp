@@ -43,7 +43,8 @@ class TestLayout : public QObject
 private slots:
     void initTestCase()
     {
-        makeTranslation(m_dir.path(), QStringLiteral("TEST"), wholeBible(), QStringLiteral("Test Version"));
+        makeTranslation(m_dir.path(), QStringLiteral("TEST"), wholeBible(),
+                        QStringLiteral("Test Version"));
     }
 
     void startUpWithoutFirstMarker()
@@ -53,7 +54,8 @@ private slots:
         books[0].lines.removeFirst();
         books[0].mapChapters = 3;
         makeTranslation(m_dir.path(), QStringLiteral("NOMARK"), books, QStringLiteral("No Mark"));
-        writeFile(m_dir.filePath(QStringLiteral("window.ini")), "[]\r\nrememberwindowsetting=0\r\n");
+        writeFile(m_dir.filePath(QStringLiteral("window.ini")),
+                  "[]\r\nrememberwindowsetting=0\r\n");
         platform::MsgBoxAnswerer answers;
         ProgramHarness program(m_dir.path());
         QVERIFY(program.start(QStringLiteral("NOMARK")));
@@ -62,7 +64,8 @@ private slots:
 
     void splittersAndSmallestWindow()
     {
-        writeFile(m_dir.filePath(QStringLiteral("window.ini")), "[]\r\nrememberwindowsetting=0\r\n");
+        writeFile(m_dir.filePath(QStringLiteral("window.ini")),
+                  "[]\r\nrememberwindowsetting=0\r\n");
         platform::MsgBoxAnswerer answers;
         ProgramHarness program(m_dir.path());
         QVERIFY(program.start(QStringLiteral("TEST")));
@@ -98,9 +101,10 @@ private slots:
 
     void sessionWrittenAtClose()
     {
-        writeFile(m_dir.filePath(QStringLiteral("window.ini")),
-                  "[]\r\nrememberwindowsetting=1\r\n[main]\r\nwindowstate=0\r\nLeft=1500\r\ntop=1200\r\n"
-                  "width=9000\r\nheight=7200\r\nsplit0=3000\r\nsplit1=4500\r\n");
+        writeFile(
+            m_dir.filePath(QStringLiteral("window.ini")),
+            "[]\r\nrememberwindowsetting=1\r\n[main]\r\nwindowstate=0\r\nLeft=1500\r\ntop=1200\r\n"
+            "width=9000\r\nheight=7200\r\nsplit0=3000\r\nsplit1=4500\r\n");
         platform::MsgBoxAnswerer answers;
         ProgramHarness program(m_dir.path());
         QVERIFY(program.start(QStringLiteral("TEST")));
@@ -112,7 +116,8 @@ private slots:
         // The testament list follows the restored splitters.
         auto *chapters = program.control<QListWidget>("lstChapters");
         QCOMPARE(program.control<QComboBox>("cmbTestaments")->width(),
-                 chapters->geometry().right() - program.control<QListWidget>("lstBooks")->geometry().left() + 1);
+                 chapters->geometry().right() -
+                     program.control<QListWidget>("lstBooks")->geometry().left() + 1);
 
         // The user moves a splitter and maximises the window.
         drag(program.control<QSplitter>("splitter"), 1, 30);
@@ -129,7 +134,8 @@ private slots:
     void noMainSectionLeavesPlacementAlone()
     {
         // windowstate reads -1, which is not 0: the place and size are not read.
-        writeFile(m_dir.filePath(QStringLiteral("window.ini")), "[]\r\nrememberwindowsetting=1\r\n");
+        writeFile(m_dir.filePath(QStringLiteral("window.ini")),
+                  "[]\r\nrememberwindowsetting=1\r\n");
         platform::MsgBoxAnswerer answers;
         ProgramHarness program(m_dir.path());
         QVERIFY(program.start(QStringLiteral("TEST")));
@@ -142,7 +148,8 @@ private slots:
     {
         for (const bool escape : {true, false}) {
             writeFile(m_dir.filePath(QStringLiteral("window.ini")),
-                      "[]\r\nrememberwindowsetting=1\r\n[load]\r\nautoload=0\r\nleft=1500\r\ntop=1500\r\n");
+                      "[]\r\nrememberwindowsetting=1\r\n[load]\r\nautoload=0\r\nleft=1500\r\ntop="
+                      "1500\r\n");
             platform::MsgBoxAnswerer answers;
             ProgramHarness program(m_dir.path());
             QVERIFY(program.start());

@@ -9,10 +9,9 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QDialog>
-#include <QTimer>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -21,6 +20,7 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 using namespace fixture;
 using support::ProgramHarness;
@@ -39,7 +39,10 @@ class TestMainWindow : public QObject
         emit testaments->activated(index);
     }
 
-    void writeIni(const QByteArray &text) { writeFile(m_dir.path() + QStringLiteral("/window.ini"), text); }
+    void writeIni(const QByteArray &text)
+    {
+        writeFile(m_dir.path() + QStringLiteral("/window.ini"), text);
+    }
     QString ini(const QString &section, const QString &key) const
     {
         return ProgramSettings::instance().Ini().Text(section, key);
@@ -61,14 +64,19 @@ class TestMainWindow : public QObject
 private slots:
     void initTestCase()
     {
-        QList<Book> special = {{QStringLiteral("John"), false, chapters(QStringLiteral("John"), {51, 25, 36})}};
-        makeTranslation(m_dir.path(), QStringLiteral("TEST"), wholeBible(special), QStringLiteral("Test Version"));
-        makeTranslation(m_dir.path(), QStringLiteral("NAMELESS"),
-                        {{QStringLiteral("Genesis"), false, chapters(QStringLiteral("Genesis"), {1})}}, QString());
-        makeTranslation(m_dir.path(), QStringLiteral("SMALL"),
-                        {{QStringLiteral("Genesis"), false, chapters(QStringLiteral("Genesis"), {2})},
-                         {QStringLiteral("Mark"), true, chapters(QStringLiteral("Mark"), {2})}},
-                        QStringLiteral("Small Version"));
+        QList<Book> special = {
+            {QStringLiteral("John"), false, chapters(QStringLiteral("John"), {51, 25, 36})}};
+        makeTranslation(m_dir.path(), QStringLiteral("TEST"), wholeBible(special),
+                        QStringLiteral("Test Version"));
+        makeTranslation(
+            m_dir.path(), QStringLiteral("NAMELESS"),
+            {{QStringLiteral("Genesis"), false, chapters(QStringLiteral("Genesis"), {1})}},
+            QString());
+        makeTranslation(
+            m_dir.path(), QStringLiteral("SMALL"),
+            {{QStringLiteral("Genesis"), false, chapters(QStringLiteral("Genesis"), {2})},
+             {QStringLiteral("Mark"), true, chapters(QStringLiteral("Mark"), {2})}},
+            QStringLiteral("Small Version"));
     }
 
     void startWithoutIni()
@@ -77,9 +85,11 @@ private slots:
         platform::MsgBoxAnswerer answers;
         ProgramHarness program(m_dir.path());
         QVERIFY(!program.start());
-        QCOMPARE(answers.prompts(), QStringList{QStringLiteral(
-            "Unable to launch because 'window.ini' is missing from the program's directory!\r\n"
-            "Reinstall the program to repair the problem")});
+        QCOMPARE(
+            answers.prompts(),
+            QStringList{QStringLiteral(
+                "Unable to launch because 'window.ini' is missing from the program's directory!\r\n"
+                "Reinstall the program to repair the problem")});
         QVERIFY(answers.last().buttons & vb::vbCritical);
     }
 
@@ -91,34 +101,43 @@ private slots:
             ProgramHarness program(m_dir.path());
             program.start(QStringLiteral("test"));
             QVERIFY(program.opened());
-            QCOMPARE(program.main()->windowTitle(), QStringLiteral("Test Version - Quillstone Bible 1.0.0"));
+            QCOMPARE(program.main()->windowTitle(),
+                     QStringLiteral("Test Version - Quillstone Bible 1.0.0"));
             // The first start repairs the missing bookmark file and says so.
-            QCOMPARE(answers.prompts(), QStringList{QStringLiteral(
-                "'bookmarks.dat' is missing from the program's directory!\r\nProblem was repaired, click ok to proceed")});
+            QCOMPARE(answers.prompts(),
+                     QStringList{QStringLiteral(
+                         "'bookmarks.dat' is missing from the program's directory!\r\nProblem was "
+                         "repaired, click ok to proceed")});
             QVERIFY(answers.last().buttons & vb::vbCritical);
             QVERIFY(QFile::exists(m_dir.filePath(QStringLiteral("bookmarks.dat"))));
             QCOMPARE(program.control<QListWidget>("lstVersions")->count(), 3);
             // A translation with no name on its first line goes by its folder's name.
-            QCOMPARE(program.control<QListWidget>("lstVersions")->item(0)->text(), QStringLiteral("NAMELESS"));
+            QCOMPARE(program.control<QListWidget>("lstVersions")->item(0)->text(),
+                     QStringLiteral("NAMELESS"));
         }
         // A folder outside the program folder is refused; nothing opens and the list waits.
-        for (const QString &bad : {QStringLiteral("../TEST"), m_dir.path() + QStringLiteral("/TEST"), QStringLiteral("NONE")}) {
+        for (const QString &bad :
+             {QStringLiteral("../TEST"), m_dir.path() + QStringLiteral("/TEST"),
+              QStringLiteral("NONE")}) {
             platform::MsgBoxAnswerer answers;
             ProgramHarness program(m_dir.path());
             program.start(bad);
             QVERIFY2(!program.opened(), qPrintable(bad));
-            QCOMPARE(answers.prompts(), QStringList{QStringLiteral(
-                "An invalid version path was supplied at the command line, ignoring it and resuming")});
+            QCOMPARE(answers.prompts(),
+                     QStringList{QStringLiteral("An invalid version path was supplied at the "
+                                                "command line, ignoring it and resuming")});
         }
         // The saved translation opens by itself when auto-load is on; a bad one is reported.
         // Any value but 0 is on, and a missing key reads as -1.
-        for (const QByteArray &autoload : {QByteArray("autoload=1\r\n"), QByteArray("autoload=2\r\n"), QByteArray()}) {
+        for (const QByteArray &autoload :
+             {QByteArray("autoload=1\r\n"), QByteArray("autoload=2\r\n"), QByteArray()}) {
             writeIni("[load]\r\n" + autoload + "version=SMALL\r\n");
             platform::MsgBoxAnswerer answers;
             ProgramHarness program(m_dir.path());
             program.start();
             QVERIFY2(program.opened(), autoload.constData());
-            QCOMPARE(program.main()->windowTitle(), QStringLiteral("Small Version - Quillstone Bible 1.0.0"));
+            QCOMPARE(program.main()->windowTitle(),
+                     QStringLiteral("Small Version - Quillstone Bible 1.0.0"));
             // Once the window is up, the translation counts as opened.
             QTRY_COMPARE(ini(QStringLiteral("load"), QStringLiteral("opening")), QString());
         }
@@ -131,8 +150,9 @@ private slots:
             program.start();
             QVERIFY(!program.opened());
             QCOMPARE(answers.prompts(), QStringList{QStringLiteral(
-                "The translation \"SMALL\" did not finish opening the last time, so it is not opened automatically.\r\n"
-                "Choose the translation to open.")});
+                                            "The translation \"SMALL\" did not finish opening the "
+                                            "last time, so it is not opened automatically.\r\n"
+                                            "Choose the translation to open.")});
         }
         writeIni("[load]\r\nautoload=1\r\nversion=GONE\r\n");
         {
@@ -140,8 +160,10 @@ private slots:
             ProgramHarness program(m_dir.path());
             program.start();
             QVERIFY(!program.opened());
-            QCOMPARE(answers.prompts(), QStringList{QStringLiteral(
-                "An invalid version path was saved in the settings, ignoring and resuming")});
+            QCOMPARE(
+                answers.prompts(),
+                QStringList{QStringLiteral(
+                    "An invalid version path was saved in the settings, ignoring and resuming")});
             // The list takes the focus without marking a row: Enter asks for a choice.
             frmLoadVersion *chooser = program.chooser();
             auto *list = program.control<QListWidget>("lstVersions");
@@ -152,11 +174,13 @@ private slots:
             QCOMPARE(list->currentRow(), -1);
             answers.clear();
             QTest::keyClick(list, Qt::Key_Return);
-            QCOMPARE(answers.prompts(), QStringList{QStringLiteral("Please select a translation first")});
+            QCOMPARE(answers.prompts(),
+                     QStringList{QStringLiteral("Please select a translation first")});
             list->setCurrentRow(2);
             QTest::mouseClick(program.control<QPushButton>("cmdLoad"), Qt::LeftButton);
             QVERIFY(program.opened());
-            QCOMPARE(ini(QStringLiteral("load"), QStringLiteral("version")), QStringLiteral("TEST"));
+            QCOMPARE(ini(QStringLiteral("load"), QStringLiteral("version")),
+                     QStringLiteral("TEST"));
         }
     }
 
@@ -170,13 +194,16 @@ private slots:
 
         chooseTestament(program, 1);
         QCOMPARE(program.control<QListWidget>("lstBooks")->count(), 27);
-        QCOMPARE(program.control<QListWidget>("lstBooks")->item(0)->text(), program.main()->Bible().BookName(40));
+        QCOMPARE(program.control<QListWidget>("lstBooks")->item(0)->text(),
+                 program.main()->Bible().BookName(40));
         program.control<QListWidget>("lstBooks")->setCurrentRow(3); // John
         QCOMPARE(program.control<QListWidget>("lstChapters")->count(), 3);
         program.control<QListWidget>("lstChapters")->setCurrentRow(1);
         QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("JOHN 2"));
         QCOMPARE(program.control<QLabel>("lbltitle")->text(), program.main()->Bible().Standard());
-        QVERIFY(program.control<platform::RichTextBox>("rtfPassage")->Text().startsWith(QStringLiteral("JOHN 2\r\n1 Text of John 2:1\r\n")));
+        QVERIFY(program.control<platform::RichTextBox>("rtfPassage")
+                    ->Text()
+                    .startsWith(QStringLiteral("JOHN 2\r\n1 Text of John 2:1\r\n")));
     }
 
     void getItMovesTheLists()
@@ -187,10 +214,13 @@ private slots:
         program.control<QLineEdit>("txtReference")->setText(QStringLiteral("jn 3:16"));
         QTest::mouseClick(program.control<QPushButton>("cmdGet"), Qt::LeftButton);
         QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("JOHN 3:16"));
-        QCOMPARE(program.control<platform::RichTextBox>("rtfPassage")->Text(), QStringLiteral("JOHN 3 \r\n16 Text of John 3:16\r\n"));
+        QCOMPARE(program.control<platform::RichTextBox>("rtfPassage")->Text(),
+                 QStringLiteral("JOHN 3 \r\n16 Text of John 3:16\r\n"));
         QCOMPARE(program.control<QComboBox>("cmbTestaments")->currentIndex(), 1);
-        QCOMPARE(program.control<QListWidget>("lstBooks")->currentItem()->text(), QStringLiteral("John"));
-        QCOMPARE(program.control<QListWidget>("lstChapters")->currentItem()->text(), QStringLiteral("3"));
+        QCOMPARE(program.control<QListWidget>("lstBooks")->currentItem()->text(),
+                 QStringLiteral("John"));
+        QCOMPARE(program.control<QListWidget>("lstChapters")->currentItem()->text(),
+                 QStringLiteral("3"));
     }
 
     void unknownBookOrChapter()
@@ -203,15 +233,19 @@ private slots:
         getReference(program, QStringLiteral("Hezekiah 4:1"));
         QVERIFY(program.control<platform::RichTextBox>("rtfPassage")->Text().isEmpty());
         QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("JOHN 3:16"));
-        QCOMPARE(program.control<QListWidget>("lstBooks")->currentItem()->text(), QStringLiteral("John"));
+        QCOMPARE(program.control<QListWidget>("lstBooks")->currentItem()->text(),
+                 QStringLiteral("John"));
 
         // A known book with no such chapter: the title names the book, not the last one shown;
         // "Mal 0,3" then goes on in Malachi.
-        for (const auto &[typed, title] : {std::pair{"Gen x", "GENESIS 0"}, std::pair{"Mal 0,3", "MALACHI 3"}}) {
+        for (const auto &[typed, title] :
+             {std::pair{"Gen x", "GENESIS 0"}, std::pair{"Mal 0,3", "MALACHI 3"}}) {
             getReference(program, QLatin1String(typed));
             QCOMPARE(program.control<QLabel>("lbltitle")->text(), QLatin1String(title));
         }
-        QVERIFY(program.control<platform::RichTextBox>("rtfPassage")->Text().startsWith(QStringLiteral("MALACHI 3")));
+        QVERIFY(program.control<platform::RichTextBox>("rtfPassage")
+                    ->Text()
+                    .startsWith(QStringLiteral("MALACHI 3")));
     }
 
     void anotherTranslationKeepsThePlace()
@@ -233,8 +267,10 @@ private slots:
         QVERIFY(!small->isChecked());
         getReference(program, QStringLiteral("Mark 1"));
         small->trigger();
-        QCOMPARE(program.main()->windowTitle(), QStringLiteral("Small Version - Quillstone Bible 1.0.0"));
-        QCOMPARE(program.control<QListWidget>("lstBooks")->currentItem()->text(), QStringLiteral("Mark"));
+        QCOMPARE(program.main()->windowTitle(),
+                 QStringLiteral("Small Version - Quillstone Bible 1.0.0"));
+        QCOMPARE(program.control<QListWidget>("lstBooks")->currentItem()->text(),
+                 QStringLiteral("Mark"));
         QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("MARK 1"));
         QVERIFY(program.control<QAction>("mnuReferencesStrong")->isEnabled());
         QVERIFY(program.control<QAction>("mnuRightclickStrongLexicon")->isEnabled());
@@ -247,14 +283,21 @@ private slots:
     // numberings (the Synodal Psalm 22 is the KJV's Psalm 23).
     void anotherNumberingKeepsThePlace()
     {
-        const QList<Book> psalms = {{QStringLiteral("Psalms"), false, chapters(QStringLiteral("Psalms"), QList<int>(30, 3))}};
-        makeTranslation(m_dir.path(), QStringLiteral("SYN"), wholeBible(psalms), QStringLiteral("Synodal Version"));
-        makeTranslation(m_dir.path(), QStringLiteral("PSA"), wholeBible(psalms), QStringLiteral("Psalter Version"));
-        writeFile(m_dir.path() + QStringLiteral("/SYN/versification.dat"),
-                  "Synodal\r\nBOOKS Gen Exod Lev Num Deut Josh Judg Ruth 1Sam 2Sam 1Kgs 2Kgs 1Chr 2Chr Ezra Neh Esth Job Ps "
-                  "Prov Eccl Song Isa Jer Lam Ezek Dan Hos Joel Amos Obad Jonah Mic Nah Hab Zeph Hag Zech Mal Matt Mark "
-                  "Luke John Acts Rom 1Cor 2Cor Gal Eph Phil Col 1Thess 2Thess 1Tim 2Tim Titus Phlm Heb Jas 1Pet 2Pet "
-                  "1John 2John 3John Jude Rev\r\nTOKJV Ps.22.1 Ps.23.1\r\nFROMKJV Ps.23.1 Ps.22.1\r\n");
+        const QList<Book> psalms = {{QStringLiteral("Psalms"), false,
+                                     chapters(QStringLiteral("Psalms"), QList<int>(30, 3))}};
+        makeTranslation(m_dir.path(), QStringLiteral("SYN"), wholeBible(psalms),
+                        QStringLiteral("Synodal Version"));
+        makeTranslation(m_dir.path(), QStringLiteral("PSA"), wholeBible(psalms),
+                        QStringLiteral("Psalter Version"));
+        writeFile(
+            m_dir.path() + QStringLiteral("/SYN/versification.dat"),
+            "Synodal\r\nBOOKS Gen Exod Lev Num Deut Josh Judg Ruth 1Sam 2Sam 1Kgs 2Kgs 1Chr 2Chr "
+            "Ezra Neh Esth Job Ps "
+            "Prov Eccl Song Isa Jer Lam Ezek Dan Hos Joel Amos Obad Jonah Mic Nah Hab Zeph Hag "
+            "Zech Mal Matt Mark "
+            "Luke John Acts Rom 1Cor 2Cor Gal Eph Phil Col 1Thess 2Thess 1Tim 2Tim Titus Phlm Heb "
+            "Jas 1Pet 2Pet "
+            "1John 2John 3John Jude Rev\r\nTOKJV Ps.22.1 Ps.23.1\r\nFROMKJV Ps.23.1 Ps.22.1\r\n");
         writeIni("[load]\r\nautoload=0\r\n");
         platform::MsgBoxAnswerer answers;
         ProgramHarness program(m_dir.path());
@@ -264,7 +307,8 @@ private slots:
             if (entry->text() == QStringLiteral("Synodal Version"))
                 entry->trigger();
         QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("PSALMS 22"));
-        QCOMPARE(program.control<QListWidget>("lstChapters")->currentItem()->text(), QStringLiteral("22"));
+        QCOMPARE(program.control<QListWidget>("lstChapters")->currentItem()->text(),
+                 QStringLiteral("22"));
     }
 
     void updateList()
@@ -308,7 +352,9 @@ private slots:
         ProgramSettings::instance().searchLimit = 100;
         main->SearchFor(QStringLiteral(" text "));
         QCOMPARE(title->text(), QStringLiteral("Search results for \" text \" (4 matches)"));
-        QVERIFY(program.control<platform::RichTextBox>("rtfPassage")->Text().startsWith(QStringLiteral("Genesis :1 Text of Genesis 1:1\r\n\r\n")));
+        QVERIFY(program.control<platform::RichTextBox>("rtfPassage")
+                    ->Text()
+                    .startsWith(QStringLiteral("Genesis :1 Text of Genesis 1:1\r\n\r\n")));
         QCOMPARE(program.control<platform::RichTextBox>("rtfPassage")->SelStart(), 0);
         QCOMPARE(answers.count(), 0);
 
@@ -321,8 +367,12 @@ private slots:
         main->SearchFor(QStringLiteral("text"));
         QCOMPARE(title->text(), QStringLiteral("First 3 results."));
         QCOMPARE(answers.prompts(), QStringList{QStringLiteral(
-            "There were over a 3 results for your search,\r\nplease narrow it down or use the advanced search feature!")});
-        QCOMPARE(program.control<platform::RichTextBox>("rtfPassage")->Text().count(QStringLiteral("Text of")), 4);
+                                        "There were over a 3 results for your search,\r\nplease "
+                                        "narrow it down or use the advanced search feature!")});
+        QCOMPARE(program.control<platform::RichTextBox>("rtfPassage")
+                     ->Text()
+                     .count(QStringLiteral("Text of")),
+                 4);
         QVERIFY(!program.control<QProgressBar>("picProgress")->isVisible());
 
         // Whole words: "TEXTS" is not "TEXT".
@@ -346,14 +396,18 @@ private slots:
         QTimer::singleShot(0, this, [] {
             auto *options = qobject_cast<QDialog *>(QApplication::activeModalWidget());
             QVERIFY(options);
-            QTest::mouseClick(options->findChild<QLabel *>(QStringLiteral("lblTitFont")), Qt::LeftButton);
+            QTest::mouseClick(options->findChild<QLabel *>(QStringLiteral("lblTitFont")),
+                              Qt::LeftButton);
             options->findChild<QCheckBox *>(QStringLiteral("chkLineBreaks"))->setChecked(false);
-            QTest::mouseClick(options->findChild<QPushButton *>(QStringLiteral("cmdSaveSettings")), Qt::LeftButton);
+            QTest::mouseClick(options->findChild<QPushButton *>(QStringLiteral("cmdSaveSettings")),
+                              Qt::LeftButton);
         });
         program.control<QAction>("mnuEditOptions")->trigger();
-        QCOMPARE(program.control<QLabel>("lbltitle")->palette().color(QPalette::WindowText), QColor(255, 0, 0));
-        QVERIFY(program.control<platform::RichTextBox>("rtfPassage")->Text().contains(
-            QStringLiteral("1 Text of Genesis 1:1 2 Text of Genesis 1:2")));
+        QCOMPARE(program.control<QLabel>("lbltitle")->palette().color(QPalette::WindowText),
+                 QColor(255, 0, 0));
+        QVERIFY(program.control<platform::RichTextBox>("rtfPassage")
+                    ->Text()
+                    .contains(QStringLiteral("1 Text of Genesis 1:1 2 Text of Genesis 1:2")));
         QCOMPARE(ProgramSettings::instance().general.lineBreaks, qint16(0));
     }
 };

@@ -49,11 +49,11 @@ void clickRow(QListWidget *list, int row)
 {
     QVERIFY(list && row < list->count());
     list->scrollToItem(list->item(row));
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(row)).center());
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                      list->visualItemRect(list->item(row)).center());
 }
 
-template<typename Window>
-Window *window(ProgramHarness &program)
+template <typename Window> Window *window(ProgramHarness &program)
 {
     auto *found = program.main()->findChild<Window *>();
     if (!found)
@@ -89,7 +89,8 @@ class TestNotesAcrossWindows : public QObject
         program.main()->activateWindow();
         auto *tabs = program.control<QTabWidget>("SSTab1");
         tabs->setCurrentIndex(1);
-        QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("Notes For: GENESIS 1"));
+        QCOMPARE(program.control<QLabel>("lbltitle")->text(),
+                 QStringLiteral("Notes For: GENESIS 1"));
         auto *notes = program.control<platform::RichTextBox>("rtfNotes");
         QVERIFY(notes->Text().startsWith(QStringLiteral("Genesis notes 1")));
         notes->setFocus();
@@ -101,37 +102,46 @@ private slots:
     void initTestCase()
     {
         // Genesis carries a Strong's number, so the open translation serves the concordance.
-        QList<Book> special = {{QStringLiteral("Genesis"), false, chapters(QStringLiteral("Genesis"), {3, 3, 3})}};
+        QList<Book> special = {
+            {QStringLiteral("Genesis"), false, chapters(QStringLiteral("Genesis"), {3, 3, 3})}};
         special[0].lines[special[0].lines.indexOf(QStringLiteral("3 Text of Genesis 3:3"))] =
             QStringLiteral("3 Text of Genesis 3:3 {H430}");
-        makeTranslation(m_dir.path(), QStringLiteral("TEST"), wholeBible(special), QStringLiteral("Test Version"));
+        makeTranslation(m_dir.path(), QStringLiteral("TEST"), wholeBible(special),
+                        QStringLiteral("Test Version"));
         QList<Book> commentary = wholeBible();
         for (Book &book : commentary) {
             book.lines.clear();
             for (int c = 1; c <= 3; ++c)
-                book.lines << QStringLiteral("CHAPTER %1").arg(c) << QStringLiteral("On %1 chapter %2.").arg(book.name).arg(c);
+                book.lines << QStringLiteral("CHAPTER %1").arg(c)
+                           << QStringLiteral("On %1 chapter %2.").arg(book.name).arg(c);
         }
         makeTranslation(m_dir.path(), QStringLiteral("tvc"), commentary);
         QFile::remove(file(QStringLiteral("tvc/bible.dat")));
         writeFile(file(QStringLiteral("verses.dat")), "2Timothy 1:2\r\nLuke 2:1\r\n");
-        writeFile(file(QStringLiteral("parables.dat")), "Parables\r\nThe sower|Matthew 2:1|Mark 2:1|Luke 2:1|\r\n");
+        writeFile(file(QStringLiteral("parables.dat")),
+                  "Parables\r\nThe sower|Matthew 2:1|Mark 2:1|Luke 2:1|\r\n");
         writeFile(file(QStringLiteral("miracles.dat")), "Miracles\r\nWine||||John 2:1\r\n");
-        writeFile(file(QStringLiteral("prophecy.dat")), "header\r\nThe seed|Numbers 3:1|Galatians 3:1\r\n");
-        writeFile(file(QStringLiteral("topics.dat")), "header\r\nCreation|Exodus 2:1;Exodus 3:1\r\n");
+        writeFile(file(QStringLiteral("prophecy.dat")),
+                  "header\r\nThe seed|Numbers 3:1|Galatians 3:1\r\n");
+        writeFile(file(QStringLiteral("topics.dat")),
+                  "header\r\nCreation|Exodus 2:1;Exodus 3:1\r\n");
         writeFile(file(QStringLiteral("stories.dat")), "header\r\nThe flood|Genesis 2:1-3\r\n");
         writeFile(file(QStringLiteral("bookmarks.dat")), "\"Psalm\",\"Psalms 2:1\"\r\n");
     }
 
     void init()
     {
-        writeFile(file(QStringLiteral("window.ini")), "[load]\r\nautoload=0\r\n[verseofday]\r\nshow=1\r\n");
+        writeFile(file(QStringLiteral("window.ini")),
+                  "[load]\r\nautoload=0\r\n[verseofday]\r\nshow=1\r\n");
         // Every chapter of every book holds notes of its own.
         for (const QString &name : canonNames()) {
             const bool newTestament = canonNames().indexOf(name) >= 39;
             QByteArray bytes;
             for (int c = 1; c <= 3; ++c)
-                bytes += "CHAPTER " + QByteArray::number(c) + "\r\n" + name.toUtf8() + " notes " + QByteArray::number(c) + "\r\n";
-            writeFile(file((newTestament ? QStringLiteral("notes/newtest/") : QStringLiteral("notes/oldtest/")) +
+                bytes += "CHAPTER " + QByteArray::number(c) + "\r\n" + name.toUtf8() + " notes " +
+                         QByteArray::number(c) + "\r\n";
+            writeFile(file((newTestament ? QStringLiteral("notes/newtest/")
+                                         : QStringLiteral("notes/oldtest/")) +
                            name.toUpper() + QStringLiteral(".dat")),
                       bytes);
         }
@@ -143,9 +153,11 @@ private slots:
         // What the Notes and TVC tabs belong to afterwards: the chapter on display.
         QTest::addColumn<QString>("chapterAfter");
 
-        QTest::newRow("verse of the day at start-up") << Action([](ProgramHarness &) {}) << "GENESIS 1";
+        QTest::newRow("verse of the day at start-up")
+            << Action([](ProgramHarness &) {}) << "GENESIS 1";
         QTest::newRow("next verse") << Action([](ProgramHarness &program) {
-            QTest::mouseClick(window<frmVerseOfDay>(program)->findChild<QPushButton *>(QStringLiteral("cmdNextverse")),
+            QTest::mouseClick(window<frmVerseOfDay>(program)->findChild<QPushButton *>(
+                                  QStringLiteral("cmdNextverse")),
                               Qt::LeftButton);
         }) << "GENESIS 1";
         QTest::newRow("parable") << Action([](ProgramHarness &program) {
@@ -173,18 +185,24 @@ private slots:
         QTest::newRow("search result") << Action([](ProgramHarness &program) {
             trigger(program, "mnuToolsSearch");
             auto *search = window<frmSearch>(program);
-            search->findChild<QLineEdit *>(QStringLiteral("txtQuery"))->setText(QStringLiteral("Text of Ruth 3:3"));
-            QTest::mouseClick(search->findChild<QPushButton *>(QStringLiteral("cmdSearch")), Qt::LeftButton);
+            search->findChild<QLineEdit *>(QStringLiteral("txtQuery"))
+                ->setText(QStringLiteral("Text of Ruth 3:3"));
+            QTest::mouseClick(search->findChild<QPushButton *>(QStringLiteral("cmdSearch")),
+                              Qt::LeftButton);
             clickRow(list(search, "lstResults"), 0);
-            QTest::mouseClick(search->findChild<QPushButton *>(QStringLiteral("cmdShowVerse")), Qt::LeftButton);
+            QTest::mouseClick(search->findChild<QPushButton *>(QStringLiteral("cmdShowVerse")),
+                              Qt::LeftButton);
         }) << "RUTH 3";
         QTest::newRow("concordance") << Action([](ProgramHarness &program) {
             support::InputBoxAnswers number({QStringLiteral("H430")});
             trigger(program, "mnuReferencesConcordance");
-            QVERIFY(program.control<platform::RichTextBox>("rtfPassage")->Text().contains(QStringLiteral("Genesis 3:3")));
+            QVERIFY(program.control<platform::RichTextBox>("rtfPassage")
+                        ->Text()
+                        .contains(QStringLiteral("Genesis 3:3")));
         }) << "GENESIS 1";
-        QTest::newRow("bookmark") << Action([](ProgramHarness &program) { trigger(program, "mnuBookmarksBookmarks1"); })
-                                  << "PSALMS 2";
+        QTest::newRow("bookmark") << Action([](ProgramHarness &program) {
+            trigger(program, "mnuBookmarksBookmarks1");
+        }) << "PSALMS 2";
     }
 
     // Notes typed for Genesis 1 and not saved, another window acts, then Save (or Yes when the
@@ -207,7 +225,8 @@ private slots:
                 QCOMPARE(title->text(), QStringLiteral("Notes For: GENESIS 1"));
                 QTest::mouseClick(program.control<QPushButton>("cmdSaveNotes"), Qt::LeftButton);
             }
-            QCOMPARE(answers.count(), chapterAfter == u"GENESIS 1" && tabs->currentIndex() == 1 ? 0 : 1);
+            QCOMPARE(answers.count(),
+                     chapterAfter == u"GENESIS 1" && tabs->currentIndex() == 1 ? 0 : 1);
         }
         const QString genesis = file(QStringLiteral("notes/oldtest/GENESIS.dat"));
         const QMap<QString, QByteArray> after = filesUnder(file(QStringLiteral("notes")));
@@ -229,11 +248,14 @@ private slots:
                 name = candidate;
         tabs->setCurrentIndex(2);
         QCOMPARE(title->text(), QStringLiteral("Commentary For: ") + chapterAfter);
-        QCOMPARE(program.control<platform::RichTextBox>("rtfTVC")->Text(),
-                 QStringLiteral("Tovelian's Commentary \r\nOn %1 chapter %2.\r\n").arg(name, chapter));
+        QCOMPARE(
+            program.control<platform::RichTextBox>("rtfTVC")->Text(),
+            QStringLiteral("Tovelian's Commentary \r\nOn %1 chapter %2.\r\n").arg(name, chapter));
         tabs->setCurrentIndex(1);
         QCOMPARE(title->text(), QStringLiteral("Notes For: ") + chapterAfter);
-        QVERIFY(program.control<platform::RichTextBox>("rtfNotes")->Text().startsWith(name + QStringLiteral(" notes ") + chapter));
+        QVERIFY(program.control<platform::RichTextBox>("rtfNotes")
+                    ->Text()
+                    .startsWith(name + QStringLiteral(" notes ") + chapter));
     }
 };
 

@@ -43,15 +43,23 @@ class TestReferenceMenu : public QObject
 private slots:
     void initTestCase()
     {
-        makeTranslation(m_dir.path(), QStringLiteral("KJV"), wholeBible(), QStringLiteral("Test Version"));
+        makeTranslation(m_dir.path(), QStringLiteral("KJV"), wholeBible(),
+                        QStringLiteral("Test Version"));
         writeFile(file(QStringLiteral("bookmarks.dat")), "");
-        writeFile(file(QStringLiteral("parables.dat")), "Parables of the test\r\nThe sower|Matthew 1:1|Mark 1:1|Luke 1:1|\r\n");
-        writeFile(file(QStringLiteral("miracles.dat")), "Miracles of the test\r\nWine||||John 2:1\r\n");
-        writeFile(file(QStringLiteral("prophecy.dat")), "header\r\nThe seed|Genesis 3:1|Galatians 3:1\r\n");
+        writeFile(file(QStringLiteral("parables.dat")),
+                  "Parables of the test\r\nThe sower|Matthew 1:1|Mark 1:1|Luke 1:1|\r\n");
+        writeFile(file(QStringLiteral("miracles.dat")),
+                  "Miracles of the test\r\nWine||||John 2:1\r\n");
+        writeFile(file(QStringLiteral("prophecy.dat")),
+                  "header\r\nThe seed|Genesis 3:1|Galatians 3:1\r\n");
         writeFile(file(QStringLiteral("verses.dat")), "John 3:2\r\n");
     }
 
-    void init() { writeFile(file(QStringLiteral("window.ini")), "[load]\r\nautoload=0\r\n[verseofday]\r\nshow=0\r\n"); }
+    void init()
+    {
+        writeFile(file(QStringLiteral("window.ini")),
+                  "[load]\r\nautoload=0\r\n[verseofday]\r\nshow=0\r\n");
+    }
 
     void oneWindowPerList()
     {
@@ -65,7 +73,8 @@ private slots:
         QCOMPARE(openLists().size(), 1);
         frmParables *miracles = openLists().first();
         QCOMPARE(miracles->Tag(), QStringLiteral("MIRACLES"));
-        QCOMPARE(miracles->findChild<QLabel *>(QStringLiteral("Label1"))->text(), QStringLiteral("Miracles "));
+        QCOMPARE(miracles->findChild<QLabel *>(QStringLiteral("Label1"))->text(),
+                 QStringLiteral("Miracles "));
 
         program.control<QAction>("mnuReferencesParables")->trigger();
         QCOMPARE(openLists().size(), 2);
@@ -99,15 +108,17 @@ private slots:
 
         QFile::remove(file(QStringLiteral("Units.rtf")));
         program.control<QAction>("mnuReferencesUnits")->trigger();
-        QCOMPARE(answers.prompts(), QStringList{program.main()->UnitsPath() +
-                                                QStringLiteral(" is missing.  Feature will be disabled.\r\n"
-                                                               "Reinstall the program to restore it")});
+        QCOMPARE(answers.prompts(),
+                 QStringList{program.main()->UnitsPath() +
+                             QStringLiteral(" is missing.  Feature will be disabled.\r\n"
+                                            "Reinstall the program to restore it")});
     }
 
     void verseOfTheDayAfterLoading()
     {
         platform::MsgBoxAnswerer answers;
-        writeFile(file(QStringLiteral("window.ini")), "[load]\r\nautoload=0\r\n[verseofday]\r\nshow=1\r\n");
+        writeFile(file(QStringLiteral("window.ini")),
+                  "[load]\r\nautoload=0\r\n[verseofday]\r\nshow=1\r\n");
         {
             ProgramHarness program(m_dir.path());
             QVERIFY(program.start(QStringLiteral("KJV")));
@@ -116,7 +127,9 @@ private slots:
             QCOMPARE(verse->findChild<QPlainTextEdit *>(QStringLiteral("txtVerse"))->toPlainText(),
                      QStringLiteral("JOHN 3:2\n2 Text of John 3:2\n"));
             // The passage view keeps its in-text heading.
-            QVERIFY(program.control<platform::RichTextBox>("rtfPassage")->Text().startsWith(QStringLiteral("GENESIS 1")));
+            QVERIFY(program.control<platform::RichTextBox>("rtfPassage")
+                        ->Text()
+                        .startsWith(QStringLiteral("GENESIS 1")));
             auto *box = verse->findChild<QCheckBox *>(QStringLiteral("chkLoadVerseAtStartup"));
             QVERIFY(box->isChecked());
             box->click();
@@ -128,7 +141,8 @@ private slots:
         program.control<QAction>("mnuReferencesVerseOfDay")->trigger();
         auto *verse = program.main()->findChild<frmVerseOfDay *>();
         QVERIFY(verse && verse->isVisible());
-        QVERIFY(!verse->findChild<QCheckBox *>(QStringLiteral("chkLoadVerseAtStartup"))->isChecked());
+        QVERIFY(
+            !verse->findChild<QCheckBox *>(QStringLiteral("chkLoadVerseAtStartup"))->isChecked());
         // Asked again, the same window shows its verse afresh.
         auto *text = verse->findChild<QPlainTextEdit *>(QStringLiteral("txtVerse"));
         text->clear();

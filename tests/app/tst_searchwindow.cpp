@@ -28,8 +28,7 @@ class TestSearchWindow : public QObject
 
     QTemporaryDir m_dir;
 
-    template<typename T>
-    static T *in(QWidget *window, const char *name)
+    template <typename T> static T *in(QWidget *window, const char *name)
     {
         T *found = window->findChild<T *>(QLatin1String(name));
         if (!found)
@@ -55,18 +54,22 @@ class TestSearchWindow : public QObject
 private slots:
     void initTestCase()
     {
-        const QStringList genesis{"CHAPTER 1", "1 God is love", "2 love of God", "CHAPTER 2", "1 nothing here"};
-        const QStringList john{"CHAPTER 1", "1 In the beginning", "CHAPTER 2", "1 God so loved", "2 for God is love"};
+        const QStringList genesis{"CHAPTER 1", "1 God is love", "2 love of God", "CHAPTER 2",
+                                  "1 nothing here"};
+        const QStringList john{"CHAPTER 1", "1 In the beginning", "CHAPTER 2", "1 God so loved",
+                               "2 for God is love"};
         makeTranslation(m_dir.path(), QStringLiteral("KJV"),
-                        wholeBible({{QStringLiteral("Genesis"), false, genesis}, {QStringLiteral("John"), true, john}}),
+                        wholeBible({{QStringLiteral("Genesis"), false, genesis},
+                                    {QStringLiteral("John"), true, john}}),
                         QStringLiteral("Test Version"));
         writeFile(m_dir.filePath(QStringLiteral("bookmarks.dat")), "");
     }
 
     void init()
     {
-        writeFile(m_dir.filePath(QStringLiteral("window.ini")),
-                  "[]\r\nrememberwindowsetting=0\r\n[load]\r\nautoload=0\r\n[verseofday]\r\nshow=0\r\n");
+        writeFile(
+            m_dir.filePath(QStringLiteral("window.ini")),
+            "[]\r\nrememberwindowsetting=0\r\n[load]\r\nautoload=0\r\n[verseofday]\r\nshow=0\r\n");
     }
 
     void searchOneTestamentAndShow()
@@ -106,13 +109,17 @@ private slots:
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, at);
         QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, at);
         QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("JOHN 2:2"));
-        QVERIFY(program.control<platform::RichTextBox>("rtfPassage")->Text().contains(QStringLiteral("2 for God is love")));
+        QVERIFY(program.control<platform::RichTextBox>("rtfPassage")
+                    ->Text()
+                    .contains(QStringLiteral("2 for God is love")));
 
         // Show All: every verse found, under the query.
         QTest::mouseClick(in<QPushButton>(window, "cmdShowAll"), Qt::LeftButton);
-        QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("Search results for \"love god\" (4 matches)"));
+        QCOMPARE(program.control<QLabel>("lbltitle")->text(),
+                 QStringLiteral("Search results for \"love god\" (4 matches)"));
         const QString all = program.control<platform::RichTextBox>("rtfPassage")->Text();
-        QVERIFY2(all.contains(QStringLiteral("John 2:1 God so loved")) && all.contains(QStringLiteral("1 God is love")),
+        QVERIFY2(all.contains(QStringLiteral("John 2:1 God so loved")) &&
+                     all.contains(QStringLiteral("1 God is love")),
                  qPrintable(all));
         QCOMPARE(answers.count(), 0);
     }
@@ -132,7 +139,8 @@ private slots:
             QTest::mouseClick(program.control<QPushButton>("cmdGet"), Qt::LeftButton);
         });
         search(window, QStringLiteral("god"));
-        QCOMPARE(answers.prompts(), QStringList{"A search is already running, please wait until it is finished"});
+        QCOMPARE(answers.prompts(),
+                 QStringList{"A search is already running, please wait until it is finished"});
         QCOMPARE(answers.last().buttons, int(vb::vbCritical));
         QCOMPARE(results(window).size(), 4);
         QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("GENESIS 1"));

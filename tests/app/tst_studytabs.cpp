@@ -21,9 +21,9 @@ using support::ProgramHarness;
 
 namespace {
 
-const QString kPrompt = QStringLiteral(
-    "You have not saved your notes changes, If you switch tabs now, you will lose any changes you have saved\r\n"
-    "Would you like to save your changes so far?");
+const QString kPrompt = QStringLiteral("You have not saved your notes changes, If you switch tabs "
+                                       "now, you will lose any changes you have saved\r\n"
+                                       "Would you like to save your changes so far?");
 
 QByteArray readAll(const QString &path)
 {
@@ -80,7 +80,8 @@ class TestStudyTabs : public QObject
 private slots:
     void initTestCase()
     {
-        makeTranslation(m_dir.path(), QStringLiteral("TEST"), wholeBible(), QStringLiteral("Test Version"));
+        makeTranslation(m_dir.path(), QStringLiteral("TEST"), wholeBible(),
+                        QStringLiteral("Test Version"));
         QList<Book> commentary = wholeBible();
         for (Book &book : commentary) {
             book.lines.clear();
@@ -88,7 +89,8 @@ private slots:
                 book.lines << QStringLiteral("CHAPTER %1").arg(c)
                            << QStringLiteral("On %1 chapter %2.").arg(book.name).arg(c);
         }
-        makeTranslation(m_dir.path(), QStringLiteral("tvc"), commentary, QStringLiteral("Commentary"));
+        makeTranslation(m_dir.path(), QStringLiteral("tvc"), commentary,
+                        QStringLiteral("Commentary"));
         // The commentary is no translation of its own.
         QFile::remove(m_dir.filePath(QStringLiteral("tvc/bible.dat")));
         writeFile(m_dir.filePath(QStringLiteral("window.ini")), "[load]\r\nautoload=0\r\n");
@@ -97,7 +99,8 @@ private slots:
     void init()
     {
         // Chapters 1 and 2 of John hold notes of their own, in bytes no rewrite may touch.
-        writeFile(johnNotes(), "CHAPTER 1\r\nfirst \xE9 notes\r\nCHAPTER 2\n{\\rtf1 two}\r\nCHAPTER 3\r\n");
+        writeFile(johnNotes(),
+                  "CHAPTER 1\r\nfirst \xE9 notes\r\nCHAPTER 2\n{\\rtf1 two}\r\nCHAPTER 3\r\n");
     }
 
     void typedNotesSurviveSaveAndRestart()
@@ -106,7 +109,8 @@ private slots:
         {
             ProgramHarness program(m_dir.path());
             open(program, QStringLiteral("Notes"));
-            QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("Notes For: JOHN 3"));
+            QCOMPARE(program.control<QLabel>("lbltitle")->text(),
+                     QStringLiteral("Notes For: JOHN 3"));
             auto *notes = program.control<platform::RichTextBox>("rtfNotes");
             QVERIFY(notes->Text().isEmpty());
 
@@ -132,7 +136,8 @@ private slots:
         }
         // The other chapters' bytes are as they were; chapter 3 holds the notes.
         const QByteArray file = readAll(johnNotes());
-        QVERIFY(file.startsWith("CHAPTER 1\r\nfirst \xE9 notes\r\nCHAPTER 2\n{\\rtf1 two}\r\nCHAPTER 3\r\n{\\rtf1"));
+        QVERIFY(file.startsWith(
+            "CHAPTER 1\r\nfirst \xE9 notes\r\nCHAPTER 2\n{\\rtf1 two}\r\nCHAPTER 3\r\n{\\rtf1"));
         int markers = 0;
         for (const QByteArray &line : file.split('\n'))
             markers += line.trimmed().left(7).toUpper() == "CHAPTER";
@@ -141,7 +146,10 @@ private slots:
         ProgramHarness program(m_dir.path());
         open(program, QStringLiteral("Notes"));
         auto *notes = program.control<platform::RichTextBox>("rtfNotes");
-        QCOMPARE(notes->Text(), QStringLiteral("Born again\r\nCHAPTER 2\r\nchapter 7 begins here\r\n}\r\nἘν ἀρχῇ ἦν ὁ λόγος"));
+        QCOMPARE(
+            notes->Text(),
+            QStringLiteral(
+                "Born again\r\nCHAPTER 2\r\nchapter 7 begins here\r\n}\r\nἘν ἀρχῇ ἦν ὁ λόγος"));
         QCOMPARE(notes->TextRTF(), shown);
         notes->setSelStart(0);
         notes->setSelLength(4);
@@ -215,14 +223,16 @@ private slots:
             program.main()->GoToReference(QStringLiteral("Gen 1"));
             QCOMPARE(answers.count(), 1);
         }
-        QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("Notes For: GENESIS 1"));
+        QCOMPARE(program.control<QLabel>("lbltitle")->text(),
+                 QStringLiteral("Notes For: GENESIS 1"));
         type(program, QStringLiteral("in the beginning"));
         {
             platform::MsgBoxAnswerer answers({vb::vbYes});
             program.closeMain();
             QCOMPARE(answers.count(), 1);
         }
-        QVERIFY(readAll(m_dir.filePath(QStringLiteral("notes/oldtest/GENESIS.dat"))).contains("in the beginning"));
+        QVERIFY(readAll(m_dir.filePath(QStringLiteral("notes/oldtest/GENESIS.dat")))
+                    .contains("in the beginning"));
         QVERIFY(!readAll(johnNotes()).contains("more"));
     }
 
@@ -231,14 +241,16 @@ private slots:
         ProgramHarness program(m_dir.path());
         open(program, QStringLiteral("Notes"));
         const QByteArray before = readAll(johnNotes());
-        // A folder where the temporary file must go: no file can be written there, not even by root.
+        // A folder where the temporary file must go: no file can be written there, not even by
+        // root.
         QVERIFY(QDir().mkpath(m_dir.filePath(QStringLiteral("notes/newtest/JOHN.temp"))));
         type(program, QStringLiteral("precious"));
         {
             platform::MsgBoxAnswerer answers;
             QTest::mouseClick(program.control<QPushButton>("cmdSaveNotes"), Qt::LeftButton);
             QCOMPARE(answers.count(), 1);
-            QVERIFY(answers.last().prompt.startsWith(QStringLiteral("Your notes could not be saved")));
+            QVERIFY(
+                answers.last().prompt.startsWith(QStringLiteral("Your notes could not be saved")));
         }
         QCOMPARE(readAll(johnNotes()), before);
         // Leaving and answering Yes keeps the notes on screen, since they could not be saved.
@@ -247,9 +259,11 @@ private slots:
             showTab(program, QStringLiteral("Passage"));
             QTest::qWait(20);
         }
-        QCOMPARE(program.control<QTabWidget>("SSTab1")->tabText(program.control<QTabWidget>("SSTab1")->currentIndex()),
+        QCOMPARE(program.control<QTabWidget>("SSTab1")->tabText(
+                     program.control<QTabWidget>("SSTab1")->currentIndex()),
                  QStringLiteral("Notes"));
-        QCOMPARE(program.control<platform::RichTextBox>("rtfNotes")->Text(), QStringLiteral("precious"));
+        QCOMPARE(program.control<platform::RichTextBox>("rtfNotes")->Text(),
+                 QStringLiteral("precious"));
         QDir(m_dir.filePath(QStringLiteral("notes/newtest/JOHN.temp"))).removeRecursively();
     }
 
@@ -281,7 +295,8 @@ private slots:
         });
         QTest::mouseClick(program.control<QToolButton>("cmdColor"), Qt::LeftButton);
         QCOMPARE(notes->SelColor(), before);
-        QCOMPARE(program.control<QToolButton>("cmdColor")->toolTip(), QStringLiteral("Change Color"));
+        QCOMPARE(program.control<QToolButton>("cmdColor")->toolTip(),
+                 QStringLiteral("Change Color"));
         platform::MsgBoxAnswerer quiet({vb::vbNo});
     }
 
@@ -314,7 +329,8 @@ private slots:
 
     void noCommentaryNoTab()
     {
-        QVERIFY(QFile::rename(m_dir.filePath(QStringLiteral("tvc")), m_dir.filePath(QStringLiteral("tvc-away"))));
+        QVERIFY(QFile::rename(m_dir.filePath(QStringLiteral("tvc")),
+                              m_dir.filePath(QStringLiteral("tvc-away"))));
         {
             ProgramHarness program(m_dir.path());
             open(program);
@@ -322,7 +338,8 @@ private slots:
             QVERIFY(!tabs->isTabVisible(tabIndex(tabs, QStringLiteral("TVC"))));
             QVERIFY(!program.main()->HasCommentary());
         }
-        QVERIFY(QFile::rename(m_dir.filePath(QStringLiteral("tvc-away")), m_dir.filePath(QStringLiteral("tvc"))));
+        QVERIFY(QFile::rename(m_dir.filePath(QStringLiteral("tvc-away")),
+                              m_dir.filePath(QStringLiteral("tvc"))));
     }
 };
 

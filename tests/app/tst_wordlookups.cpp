@@ -11,8 +11,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
-#include <QTemporaryDir>
 #include <QPlainTextEdit>
+#include <QTemporaryDir>
 #include <QTest>
 
 using namespace fixture;
@@ -35,27 +35,36 @@ class TestWordLookups : public QObject
         QTest::mouseClick(view->viewport(), Qt::RightButton, {}, view->cursorRect(cursor).center());
     }
 
-    static QString caption(ProgramHarness &program) { return program.control<QAction>("mnuRightclickWord")->text(); }
+    static QString caption(ProgramHarness &program)
+    {
+        return program.control<QAction>("mnuRightclickWord")->text();
+    }
 
 private slots:
     void initTestCase()
     {
         // A translation tagged with Strong's numbers, and one without them.
-        QList<Book> tagged = wholeBible({{QStringLiteral("Genesis"), false,
-                                          {QStringLiteral("CHAPTER 1"),
-                                           QStringLiteral("1 In the beginning God{H430} created{H1254} the heaven."),
-                                           QStringLiteral("2 And the LORD's spirit moved."), QStringLiteral("CHAPTER 2"),
-                                           QStringLiteral("1 Thus God{H430} finished."), QStringLiteral("CHAPTER 3"),
-                                           QStringLiteral("1 Now the serpent.")}}});
-        makeTranslation(m_dir.path(), QStringLiteral("TAGGED"), tagged, QStringLiteral("Tagged Version"));
-        makeTranslation(m_dir.path(), QStringLiteral("PLAIN"), wholeBible(), QStringLiteral("Plain Version"));
+        QList<Book> tagged =
+            wholeBible({{QStringLiteral("Genesis"),
+                         false,
+                         {QStringLiteral("CHAPTER 1"),
+                          QStringLiteral("1 In the beginning God{H430} created{H1254} the heaven."),
+                          QStringLiteral("2 And the LORD's spirit moved."),
+                          QStringLiteral("CHAPTER 2"), QStringLiteral("1 Thus God{H430} finished."),
+                          QStringLiteral("CHAPTER 3"), QStringLiteral("1 Now the serpent.")}}});
+        makeTranslation(m_dir.path(), QStringLiteral("TAGGED"), tagged,
+                        QStringLiteral("Tagged Version"));
+        makeTranslation(m_dir.path(), QStringLiteral("PLAIN"), wholeBible(),
+                        QStringLiteral("Plain Version"));
         writeFile(m_dir.filePath(QStringLiteral("window.ini")), "[load]\r\nautoload=0\r\n");
         writeFile(m_dir.filePath(QStringLiteral("bookmarks.dat")), "");
         writeFile(m_dir.filePath(QStringLiteral("Dictionary.dat")),
-                  "header\r\nGOD|The supreme being.|Gen 1:1;John 1:1\r\nSPIRIT|Breath, wind.|Gen 1:2\r\n");
+                  "header\r\nGOD|The supreme being.|Gen 1:1;John 1:1\r\nSPIRIT|Breath, wind.|Gen "
+                  "1:2\r\n");
         writeFile(m_dir.filePath(QStringLiteral("names.dat")), "header\r\nAdam|Earthy; red\r\n");
         writeFile(m_dir.filePath(QStringLiteral("topics.dat")), "header\r\nCreation|Gen 1:1\r\n");
-        writeFile(m_dir.filePath(QStringLiteral("stories.dat")), "header\r\nThe creation|Gen 1:1\r\n");
+        writeFile(m_dir.filePath(QStringLiteral("stories.dat")),
+                  "header\r\nThe creation|Gen 1:1\r\n");
         QStringList hebrew, hebrewIndex;
         for (int n = 1; n <= 500; ++n) {
             hebrewIndex << QStringLiteral("word%1").arg(n);
@@ -64,7 +73,8 @@ private slots:
         writeFile(m_dir.filePath(QStringLiteral("strong/hebrew.idx")), crlf(hebrewIndex));
         writeFile(m_dir.filePath(QStringLiteral("strong/hebrew.dat")), crlf(hebrew));
         writeFile(m_dir.filePath(QStringLiteral("strong/greek.idx")), "agape\r\n");
-        writeFile(m_dir.filePath(QStringLiteral("strong/greek.dat")), "G1|agape|ag-ah'-pay|love\r\n");
+        writeFile(m_dir.filePath(QStringLiteral("strong/greek.dat")),
+                  "G1|agape|ag-ah'-pay|love\r\n");
     }
 
     void lookupsOpenTheirWindowsOnce()
@@ -81,15 +91,18 @@ private slots:
         program.control<QAction>("mnuRightclickDictionary")->trigger();
         auto *dictionary = program.main()->findChild<QWidget *>(QStringLiteral("frmDictionary"));
         QVERIFY(dictionary && dictionary->isVisible());
-        QCOMPARE(dictionary->findChild<QPlainTextEdit *>(QStringLiteral("txtDefinition"))->toPlainText(),
-                 QStringLiteral("SPIRIT: Breath, wind."));
+        QCOMPARE(
+            dictionary->findChild<QPlainTextEdit *>(QStringLiteral("txtDefinition"))->toPlainText(),
+            QStringLiteral("SPIRIT: Breath, wind."));
         // A second look-up uses the same window.
         rightClickAt(program, QStringLiteral("beginning God"), 11);
         menu->hide();
         program.control<QAction>("mnuRightclickDictionary")->trigger();
-        QCOMPARE(program.main()->findChildren<QWidget *>(QStringLiteral("frmDictionary")).size(), 1);
-        QCOMPARE(dictionary->findChild<QPlainTextEdit *>(QStringLiteral("txtDefinition"))->toPlainText(),
-                 QStringLiteral("GOD: The supreme being."));
+        QCOMPARE(program.main()->findChildren<QWidget *>(QStringLiteral("frmDictionary")).size(),
+                 1);
+        QCOMPARE(
+            dictionary->findChild<QPlainTextEdit *>(QStringLiteral("txtDefinition"))->toPlainText(),
+            QStringLiteral("GOD: The supreme being."));
 
         // A Strong's number opens the lexicon on the Hebrew tab with the number.
         rightClickAt(program, QStringLiteral("H430"), 1);
@@ -97,9 +110,11 @@ private slots:
         program.control<QAction>("mnuRightclickStrongLexicon")->trigger();
         auto *lexicon = program.main()->findChild<QWidget *>(QStringLiteral("frmStrongLexicon"));
         QVERIFY(lexicon && lexicon->isVisible());
-        QCOMPARE(lexicon->findChild<QLineEdit *>(QStringLiteral("txtHebrewWord"))->text(), QStringLiteral("430"));
+        QCOMPARE(lexicon->findChild<QLineEdit *>(QStringLiteral("txtHebrewWord"))->text(),
+                 QStringLiteral("430"));
         QVERIFY(lexicon->findChild<QPlainTextEdit *>(QStringLiteral("txtHebrewDefinition"))
-                    ->toPlainText().startsWith(QStringLiteral("430 - word430 (wurd) : meaning 430")));
+                    ->toPlainText()
+                    .startsWith(QStringLiteral("430 - word430 (wurd) : meaning 430")));
         QCOMPARE(answers.count(), 0);
     }
 
@@ -131,7 +146,8 @@ private slots:
         view->setSelLength(50);
         const QString selected = view->SelText();
         rightClickAt(program, QStringLiteral("beginning"), 3);
-        QCOMPARE(caption(program), u'<' + selected.left(20) + QStringLiteral("...") + selected.right(20) + u'>');
+        QCOMPARE(caption(program),
+                 u'<' + selected.left(20) + QStringLiteral("...") + selected.right(20) + u'>');
         program.control<QMenu>("mnuRightClick")->hide();
 
         // The entries pass the word on.
@@ -142,7 +158,8 @@ private slots:
         QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("spirit"));
         program.control<QAction>("mnuRightclickSearch")->trigger();
         QCOMPARE(program.control<QLineEdit>("txtQuery")->text(), QStringLiteral("spirit"));
-        QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("Search results for \"spirit\" (1 matches)"));
+        QCOMPARE(program.control<QLabel>("lbltitle")->text(),
+                 QStringLiteral("Search results for \"spirit\" (1 matches)"));
         program.main()->GoToReference(QStringLiteral("Gen 2"));
         rightClickAt(program, QStringLiteral("Thus"), 1);
         program.control<QMenu>("mnuRightClick")->hide();
@@ -168,10 +185,12 @@ private slots:
             program.control<QAction>("mnuReferencesConcordance")->trigger();
         }
         QCOMPARE(title->text(), QStringLiteral("Search results for \"H430\" (2 matches)"));
-        QCOMPARE(program.control<platform::RichTextBox>("rtfPassage")->Text(),
-                 // The first line of a book file is never searched, so its chapter is not known yet.
-                 QStringLiteral("Genesis :1 In the beginning God{H430} created{H1254} the heaven.\r\n\r\n"
-                                "Genesis 2:1 Thus God{H430} finished.\r\n\r\n"));
+        QCOMPARE(
+            program.control<platform::RichTextBox>("rtfPassage")->Text(),
+            // The first line of a book file is never searched, so its chapter is not known yet.
+            QStringLiteral(
+                "Genesis :1 In the beginning God{H430} created{H1254} the heaven.\r\n\r\n"
+                "Genesis 2:1 Thus God{H430} finished.\r\n\r\n"));
         // Not a number: said so, nothing searched.
         program.main()->ShowConcordance(QStringLiteral("430"));
         QCOMPARE(answers.count(), 1);
@@ -180,9 +199,11 @@ private slots:
         // A translation without numbers: the tagged one is searched, and the title says so.
         program.main()->LoadTranslation(QStringLiteral("PLAIN"));
         program.main()->ShowConcordance(QStringLiteral("G26"));
-        QCOMPARE(title->text(), QStringLiteral("Search results for \"G26\" in Tagged Version (0 matches)"));
+        QCOMPARE(title->text(),
+                 QStringLiteral("Search results for \"G26\" in Tagged Version (0 matches)"));
         program.main()->ShowConcordance(QStringLiteral("H1254"));
-        QCOMPARE(title->text(), QStringLiteral("Search results for \"H1254\" in Tagged Version (1 matches)"));
+        QCOMPARE(title->text(),
+                 QStringLiteral("Search results for \"H1254\" in Tagged Version (1 matches)"));
     }
 };
 

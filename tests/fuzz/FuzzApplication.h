@@ -7,8 +7,7 @@
 
 namespace fuzz {
 
-template<typename Application>
-void ensureApplication()
+template <typename Application> void ensureApplication()
 {
     static Application *app = [] {
         if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))

@@ -1,5 +1,6 @@
-// Book maps and book files of any content: loading, fetching, both searches and checking never crash
-// or hang. The input is split at the first NUL-NUL: map.dat before it, the book file after it.
+// Book maps and book files of any content: loading, fetching, both searches and checking never
+// crash or hang. The input is split at the first NUL-NUL: map.dat before it, the book file after
+// it.
 #include "FuzzSupport.h"
 #include "scripture/AdvancedSearch.h"
 #include "scripture/BookFiles.h"
@@ -38,8 +39,14 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     QuickSearch search;
     search.run(bible, QStringLiteral("X  a"), true, 5);
     AdvancedSearch advanced;
-    advanced.run(bible, {QStringLiteral("x \u00e9 A"), AdvancedSearch::Mode::AnyWord, false, {true, true, true}, 5});
-    advanced.run(bible, {QStringLiteral("1 x"), AdvancedSearch::Mode::ExactPhrase, true, {true, true, true}, 5});
+    advanced.run(bible, {QStringLiteral("x \u00e9 A"),
+                         AdvancedSearch::Mode::AnyWord,
+                         false,
+                         {true, true, true},
+                         5});
+    advanced.run(
+        bible,
+        {QStringLiteral("1 x"), AdvancedSearch::Mode::ExactPhrase, true, {true, true, true}, 5});
     TranslationCheck::Check(root);
     return 0;
 }

@@ -3,11 +3,11 @@
 // loading the translation takes the books in the map's order or reports that it could not; and
 // the book lists, book names and fetching agree with each other.
 #include "FuzzSupport.h"
+#include "platform/TextCodec.h"
 #include "platform/VbError.h"
 #include "scripture/BookFiles.h"
 #include "scripture/BookMap.h"
 #include "scripture/clsBible.h"
-#include "platform/TextCodec.h"
 
 #include <cstdint>
 #include <cstdio>
@@ -37,11 +37,15 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     BookFiles::clear();
     const QString root = fuzz::freshFolder(QStringLiteral("MAP"));
     fuzz::write(root + QStringLiteral("/bible.dat"), "Fuzz\r\nOld\r\nNew\r\n");
-    fuzz::write(root + QStringLiteral("/oldtest/map.dat"), "\"Genesis\",2\r\n\"Exodus\",1\r\n\"Ruth\",1\r\n");
+    fuzz::write(root + QStringLiteral("/oldtest/map.dat"),
+                "\"Genesis\",2\r\n\"Exodus\",1\r\n\"Ruth\",1\r\n");
     fuzz::write(root + QStringLiteral("/newtest/map.dat"), map);
-    const QByteArray book = "Fuzz\r\nCHAPTER 1\r\n1 In the beginning\r\n2 was the Word\r\nCHAPTER 2\r\n1 And\r\n";
+    const QByteArray book =
+        "Fuzz\r\nCHAPTER 1\r\n1 In the beginning\r\n2 was the Word\r\nCHAPTER 2\r\n1 And\r\n";
     for (const char *name : {"MATTHEW", "mark", "John", "1JOHN"})
-        fuzz::write(root + QStringLiteral("/newtest/") + QString::fromLatin1(name) + QStringLiteral(".dat"), book);
+        fuzz::write(root + QStringLiteral("/newtest/") + QString::fromLatin1(name) +
+                        QStringLiteral(".dat"),
+                    book);
 
     // Each line on its own.
     QList<BookMap::Entry> books;

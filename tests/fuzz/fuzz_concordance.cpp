@@ -21,7 +21,7 @@ namespace {
 #define check(condition)                                                                           \
     do {                                                                                           \
         if (!(condition)) {                                                                        \
-            std::fprintf(stderr, "fuzz_concordance.cpp:%d: %s\n", __LINE__, #condition);            \
+            std::fprintf(stderr, "fuzz_concordance.cpp:%d: %s\n", __LINE__, #condition);           \
             std::abort();                                                                          \
         }                                                                                          \
     } while (false)
@@ -56,8 +56,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     BookFiles::clear();
     const QString program = fuzz::freshFolder(QStringLiteral("program"));
     // A translation without numbers listed first, so the search for a tagged one passes over it.
-    writeTranslation(program + QStringLiteral("/AKJV"), "CHAPTER 1\r\n1 The book of the generation\r\n");
-    writeTranslation(program + QStringLiteral("/TAGGED"), input.size() > 1 ? input.at(1) : QByteArray());
+    writeTranslation(program + QStringLiteral("/AKJV"),
+                     "CHAPTER 1\r\n1 The book of the generation\r\n");
+    writeTranslation(program + QStringLiteral("/TAGGED"),
+                     input.size() > 1 ? input.at(1) : QByteArray());
     clsBible tagged;
     tagged.setVersionPath(program + QStringLiteral("/TAGGED"));
     check(StrongConcordance::TaggedTranslation(program) ==
@@ -65,7 +67,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 
     QuickSearch search;
     const QString sought = number.isEmpty() ? QStringLiteral("G746") : number;
-    const QuickSearch::Result result = StrongConcordance::Run(search, tagged, sought, 20, QStringLiteral("Fuzz"));
+    const QuickSearch::Result result =
+        StrongConcordance::Run(search, tagged, sought, 20, QStringLiteral("Fuzz"));
     const QString braced = u'{' + sought + u'}';
     for (const SearchHit &hit : result.hits)
         check(basStrings::UpperCase(hit.line).contains(braced));

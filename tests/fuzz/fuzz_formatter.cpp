@@ -106,7 +106,8 @@ void show(const QString &passage)
             marks[i] = u'?';
     }
     if (view.Text() != wanted->text || marks != wanted->superscript) {
-        std::fprintf(stderr, "passage:  %s\nshown:    %s\nexpected: %s\nmarks:    %s\nexpected: %s\n",
+        std::fprintf(stderr,
+                     "passage:  %s\nshown:    %s\nexpected: %s\nmarks:    %s\nexpected: %s\n",
                      qPrintable(passage), qPrintable(view.Text()), qPrintable(wanted->text),
                      qPrintable(marks), qPrintable(wanted->superscript));
         std::abort();
@@ -133,7 +134,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     bible.setVersionPath(root);
     for (const bool inText : {true, false}) {
         bible.setInTextReference(inText);
-        for (const QString &reference : {QStringLiteral("Genesis 1"), QStringLiteral("Genesis 1:2-2:3")})
+        for (const QString &reference :
+             {QStringLiteral("Genesis 1"), QStringLiteral("Genesis 1:2-2:3")})
             show(bible.Fetch(reference).text);
     }
     return 0;

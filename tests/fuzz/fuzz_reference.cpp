@@ -12,13 +12,18 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     static clsBible *bible = [] {
         const QString root = fuzz::scratch().path() + QStringLiteral("/REF");
         fuzz::write(root + QStringLiteral("/bible.dat"), "Fuzz\r\nOld\r\nNew\r\n");
-        fuzz::write(root + QStringLiteral("/oldtest/map.dat"), "\"Genesis\",2\r\n\"Song of Solomon\",1\r\n\"1Kings\",1\r\n");
+        fuzz::write(root + QStringLiteral("/oldtest/map.dat"),
+                    "\"Genesis\",2\r\n\"Song of Solomon\",1\r\n\"1Kings\",1\r\n");
         fuzz::write(root + QStringLiteral("/newtest/map.dat"), "\"John\",3\r\n");
         const QByteArray chapter = "1 a [b] c\r\n2 d{H1} e\r\n3 f\r\n";
-        fuzz::write(root + QStringLiteral("/oldtest/GENESIS.dat"), "CHAPTER 1\r\n" + chapter + "CHAPTER 2\r\n" + chapter);
-        fuzz::write(root + QStringLiteral("/oldtest/SONG OF SOLOMON.dat"), "CHAPTER 1\r\n" + chapter);
+        fuzz::write(root + QStringLiteral("/oldtest/GENESIS.dat"),
+                    "CHAPTER 1\r\n" + chapter + "CHAPTER 2\r\n" + chapter);
+        fuzz::write(root + QStringLiteral("/oldtest/SONG OF SOLOMON.dat"),
+                    "CHAPTER 1\r\n" + chapter);
         fuzz::write(root + QStringLiteral("/oldtest/1KINGS.dat"), "CHAPTER 1\r\n" + chapter);
-        fuzz::write(root + QStringLiteral("/newtest/JOHN.dat"), "CHAPTER 1\r\n" + chapter + "chapter 2\r\n" + chapter + "CHAPTER 3\r\n" + chapter);
+        fuzz::write(root + QStringLiteral("/newtest/JOHN.dat"), "CHAPTER 1\r\n" + chapter +
+                                                                    "chapter 2\r\n" + chapter +
+                                                                    "CHAPTER 3\r\n" + chapter);
         auto *b = new clsBible;
         b->setVersionPath(root);
         return b;

@@ -61,9 +61,10 @@ QString pageText(const QString &pdf, int page)
 QStringList bodyLines(const QString &pdf, int page)
 {
     const QString n = QString::number(page);
-    QStringList lines = run(QStringLiteral("pdftotext"), {QStringLiteral("-raw"), QStringLiteral("-f"), n,
-                                                         QStringLiteral("-l"), n, pdf, QStringLiteral("-")})
-                            .split(u'\n');
+    QStringList lines =
+        run(QStringLiteral("pdftotext"), {QStringLiteral("-raw"), QStringLiteral("-f"), n,
+                                          QStringLiteral("-l"), n, pdf, QStringLiteral("-")})
+            .split(u'\n');
     for (QString &line : lines)
         line = line.simplified();
     lines.removeAll(QString());
@@ -157,8 +158,10 @@ private slots:
             const QStringList before = bodyLines(narrow, page);
             const QStringList after = bodyLines(narrow, page + 1);
             for (const QString &line : after)
-                QVERIFY2(!before.contains(line),
-                         qPrintable(QStringLiteral("on pages %1 and %2: %3").arg(page).arg(page + 1).arg(line)));
+                QVERIFY2(!before.contains(line), qPrintable(QStringLiteral("on pages %1 and %2: %3")
+                                                                .arg(page)
+                                                                .arg(page + 1)
+                                                                .arg(line)));
         }
         QVERIFY(pageText(narrow, 1).contains(QStringLiteral("Blessed are the undefiled")));
         QVERIFY(pageText(narrow, pages20)
@@ -253,7 +256,8 @@ private slots:
         QCOMPARE(QFileInfo(pdf).lastModified(), written);
     }
 
-    // The preview shows as many pages as the PDF the same settings write; the range boxes show them.
+    // The preview shows as many pages as the PDF the same settings write; the range boxes show
+    // them.
     void previewMatchesPrint()
     {
         frmPrint dialog(m_view.document(), m_title);
@@ -275,7 +279,8 @@ private slots:
         QCOMPARE(QPair(from->value(), to->value()), QPair(1, printed));
         from->setValue(2);
         to->setValue(2);
-        QTest::mouseClick(dialog.findChild<QRadioButton *>(QStringLiteral("optAll")), Qt::LeftButton);
+        QTest::mouseClick(dialog.findChild<QRadioButton *>(QStringLiteral("optAll")),
+                          Qt::LeftButton);
         QCOMPARE(QPair(from->value(), to->value()), QPair(1, printed));
 
         int previewed = -1;

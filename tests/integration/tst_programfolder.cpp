@@ -4,9 +4,9 @@
 #include "platform/FileSystem.h"
 #include "scripture/BookScan.h"
 #include "scripture/TranslationCheck.h"
-#include "scripture/basStrings.h"
 #include "scripture/TranslationList.h"
 #include "scripture/VerseMapping.h"
+#include "scripture/basStrings.h"
 #include "scripture/clsBible.h"
 
 #include <QTest>
@@ -36,7 +36,9 @@ class TestProgramFolder : public QObject
             return false;
         const QString book = reference.trimmed().section(u' ', 0, -2);
         const QStringList chapterLines =
-            bible.Passagebystandard(book + u' ' + QString::number(chapter)).trimmed().split(QStringLiteral("\r\n"));
+            bible.Passagebystandard(book + u' ' + QString::number(chapter))
+                .trimmed()
+                .split(QStringLiteral("\r\n"));
         if (bible.CurrentChapter() != chapter)
             return false;
         return chapterLines.last().section(u' ', 0, 0).toInt() < verse;
@@ -205,10 +207,13 @@ private slots:
                                 continue;
                             }
                             ++checked;
-                            // A chapter past the book's end is shown as its last chapter: wrong too.
+                            // A chapter past the book's end is shown as its last chapter: wrong
+                            // too.
                             const QString numbers = item.trimmed().section(u' ', -1);
-                            const int chapter = numbers.section(u':', 0, 0).section(u'-', 0, 0).toInt();
-                            if (bible.Testament() == clsBible::NotFound || text.trimmed().isEmpty() ||
+                            const int chapter =
+                                numbers.section(u':', 0, 0).section(u'-', 0, 0).toInt();
+                            if (bible.Testament() == clsBible::NotFound ||
+                                text.trimmed().isEmpty() ||
                                 (chapter > 0 && chapter != bible.CurrentChapter()))
                                 failures.append(parts.value(0) + QStringLiteral(": ") + item);
                             else
@@ -218,8 +223,10 @@ private slots:
                 }
             }
             QVERIFY2(failures.isEmpty(),
-                     qPrintable(translation.folder + QStringLiteral(": ") + QString::number(failures.size()) +
-                                QStringLiteral(" unresolved, e.g. ") + failures.mid(0, 10).join(QStringLiteral("; "))));
+                     qPrintable(translation.folder + QStringLiteral(": ") +
+                                QString::number(failures.size()) +
+                                QStringLiteral(" unresolved, e.g. ") +
+                                failures.mid(0, 10).join(QStringLiteral("; "))));
             if (reference)
                 QVERIFY(checked > 0);
             if (renumbered > 0)
@@ -232,7 +239,8 @@ private slots:
     // installed translation must match exactly as its decoded, upper-cased text does.
     void scanAgreesWithText()
     {
-        const QStringList terms{"LOVE", "GOD", "THE LORD", "E", "DIOS", "JESÚS", "AMÓ", "’", "", "SS", "ST"};
+        const QStringList terms{"LOVE", "GOD", "THE LORD", "E",  "DIOS", "JESÚS",
+                                "AMÓ",  "’",   "",         "SS", "ST"};
         for (const InstalledTranslation &translation : TranslationList::List(m_folder)) {
             clsBible bible;
             bible.setVersionPath(path(translation.folder));
@@ -249,7 +257,8 @@ private slots:
                     differences << QStringLiteral("upper-cased otherwise: ") + line.text();
                 for (qsizetype t = 0; t < terms.size(); ++t) {
                     for (const bool whole : {false, true}) {
-                        const bool expected = whole ? WholeWordMatch(upper, terms.at(t)) : FindWord(upper, terms.at(t)) >= 0;
+                        const bool expected = whole ? WholeWordMatch(upper, terms.at(t))
+                                                    : FindWord(upper, terms.at(t)) >= 0;
                         if (searchTerms.at(t).In(line, whole) != expected && differences.size() < 5)
                             differences << terms.at(t) + QStringLiteral(" in ") + line.text();
                     }
@@ -257,7 +266,8 @@ private slots:
                 return BookScan::Next::Line;
             };
             scan.run(bible);
-            QVERIFY2(differences.isEmpty(), qPrintable(translation.folder + QStringLiteral(": ") + differences.join(u'\n')));
+            QVERIFY2(differences.isEmpty(), qPrintable(translation.folder + QStringLiteral(": ") +
+                                                       differences.join(u'\n')));
             QVERIFY(lines > 30000);
         }
     }

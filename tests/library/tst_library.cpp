@@ -19,7 +19,8 @@ private slots:
     {
         QTemporaryDir dir;
         ProgramSettings::instance().setProgramFolder(dir.path());
-        fixture::writeFile(dir.filePath(QStringLiteral("tvc/oldtest/GENESIS.dat")), "CHAPTER 1\r\n");
+        fixture::writeFile(dir.filePath(QStringLiteral("tvc/oldtest/GENESIS.dat")),
+                           "CHAPTER 1\r\n");
         fixture::writeFile(dir.filePath(QStringLiteral("STRONG/Hebrew.DAT")), "x\r\n");
         QVERIFY(DataFiles::Exists(DataFiles::File::Commentary));
         QVERIFY(DataFiles::Exists(DataFiles::File::StrongHebrew));
@@ -32,8 +33,9 @@ private slots:
     {
         platform::MsgBoxAnswerer answers;
         DataFiles::ReportMissing(QStringLiteral("\"names.dat\""));
-        QCOMPARE(answers.prompts(), QStringList{QStringLiteral(
-            "\"names.dat\" is missing.  Feature will be disabled.\r\nReinstall the program to restore it")});
+        QCOMPARE(answers.prompts(),
+                 QStringList{QStringLiteral("\"names.dat\" is missing.  Feature will be "
+                                            "disabled.\r\nReinstall the program to restore it")});
         QVERIFY(answers.last().buttons & vb::vbCritical);
     }
 

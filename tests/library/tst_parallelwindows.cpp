@@ -143,9 +143,11 @@ private slots:
 
     void oneWindowPerTag()
     {
-        writeFile(file(QStringLiteral("miracles.dat")), "Miracles\r\nWater into wine||||Genesis 1:1\r\n");
+        writeFile(file(QStringLiteral("miracles.dat")),
+                  "Miracles\r\nWater into wine||||Genesis 1:1\r\n");
         QVERIFY(!frmParables::FindOpen(frmParables::MiraclesTag));
-        OpenedWindow<frmParables> first(parables(frmParables::MiraclesTag, QStringLiteral("miracles.dat")));
+        OpenedWindow<frmParables> first(
+            parables(frmParables::MiraclesTag, QStringLiteral("miracles.dat")));
         OpenedWindow<frmParables> second(parables());
         QCOMPARE(frmParables::FindOpen(frmParables::MiraclesTag), first.get());
         QCOMPARE(frmParables::FindOpen(frmParables::ParablesTag), second.get());
@@ -174,12 +176,14 @@ private slots:
     {
         {
             OpenedWindow<frmProphecies> window(m_main);
-            QCOMPARE(window.entries("lstProphecies"), (QStringList{"Born of a virgin", "The seed"}));
+            QCOMPARE(window.entries("lstProphecies"),
+                     (QStringList{"Born of a virgin", "The seed"}));
             window.control<QListWidget>("lstProphecies")->setCurrentRow(0);
             const QString old = window.control<platform::RichTextBox>("rtfOld")->Text();
             const QString fulfilled = window.control<platform::RichTextBox>("rtfNew")->Text();
             QVERIFY2(old.contains(QStringLiteral("Text of Genesis 1:2")), qPrintable(old));
-            QVERIFY2(fulfilled.contains(QStringLiteral("Text of Genesis 2:3")), qPrintable(fulfilled));
+            QVERIFY2(fulfilled.contains(QStringLiteral("Text of Genesis 2:3")),
+                     qPrintable(fulfilled));
             window.control<QListWidget>("lstProphecies")->setCurrentRow(1);
             QVERIFY(window.control<platform::RichTextBox>("rtfOld")->Text().contains(
                 QStringLiteral("Text of Genesis 1:1")));
@@ -246,7 +250,8 @@ private slots:
         OpenedWindow<frmVerseOfDay> window(new frmVerseOfDay(m_main, 0));
         const QString missing = QStringLiteral(
             "That the verses.dat file was not found? \n\nCreate a text file named verses.dat using "
-            "NotePad with 1 verse per line. Then place it in the same directory as the application. ");
+            "NotePad with 1 verse per line. Then place it in the same directory as the "
+            "application. ");
         auto *text = window.control<QPlainTextEdit>("txtVerse");
         QCOMPARE(text->toPlainText(), missing);
         QTest::mouseClick(window.control<QPushButton>("cmdNextverse"), Qt::LeftButton);

@@ -1,7 +1,7 @@
 // The topics and stories windows, used as a reader would: a search typed and run, a result
 // clicked, a topic or a story reference clicked, the tab and place they keep, and a missing file.
-#include "../support/TranslationFixture.h"
 #include "../support/ToolWindowHarness.h"
+#include "../support/TranslationFixture.h"
 #include "library/MainWindowLink.h"
 #include "library/frmStories.h"
 #include "library/frmTopics.h"
@@ -51,7 +51,10 @@ public:
         const QList<QListWidgetItem *> chosen = list->selectedItems();
         return chosen.isEmpty() ? -1 : list->row(chosen.first());
     }
-    void showTab(int index) const { this->template control<QTabWidget>("SSTab1")->setCurrentIndex(index); }
+    void showTab(int index) const
+    {
+        this->template control<QTabWidget>("SSTab1")->setCurrentIndex(index);
+    }
     void search(const QString &query) const
     {
         showTab(1);
@@ -68,7 +71,6 @@ public:
         QTest::mouseClick(box->viewport(), Qt::LeftButton, {},
                           box->visualItemRect(box->item(row)).center());
     }
-
 };
 
 // The lines of one section of "window.ini", as written.

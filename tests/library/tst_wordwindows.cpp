@@ -1,8 +1,8 @@
 // The dictionary, the Bible names and the Strong's lexicon windows, used as a reader would: typing
 // and Enter, the list following what is typed, double-clicks on lists, references and numbers,
 // the background click, the saved tab and check box, and files that are missing or damaged.
-#include "../support/TranslationFixture.h"
 #include "../support/ToolWindowHarness.h"
+#include "../support/TranslationFixture.h"
 #include "library/MainWindowLink.h"
 #include "library/frmBibleNames.h"
 #include "library/frmDictionary.h"
@@ -66,8 +66,11 @@ public:
     }
     int row(const char *name) const
     {
-        const QList<QListWidgetItem *> selected = this->template control<QListWidget>(name)->selectedItems();
-        return selected.isEmpty() ? -1 : this->template control<QListWidget>(name)->row(selected.first());
+        const QList<QListWidgetItem *> selected =
+            this->template control<QListWidget>(name)->selectedItems();
+        return selected.isEmpty()
+                   ? -1
+                   : this->template control<QListWidget>(name)->row(selected.first());
     }
     void type(const char *box, const QString &text, bool enter = false) const
     {
@@ -101,7 +104,6 @@ public:
         QTest::mouseClick(edit->viewport(), Qt::LeftButton, {}, at);
         QTest::mouseDClick(edit->viewport(), Qt::LeftButton, {}, at);
     }
-
 };
 
 int iniData(const QString &folder, const QString &section, const QString &key)

@@ -94,7 +94,8 @@ private slots:
             shownIcon = int(box->icon());
             shownButtons = int(box->buttons().size());
             // A short message still leaves room for the whole title beside the title bar buttons.
-            titleFits = box->width() >= box->fontMetrics().horizontalAdvance(box->windowTitle()) + 150;
+            titleFits =
+                box->width() >= box->fontMetrics().horizontalAdvance(box->windowTitle()) + 150;
             if (press < 0)
                 QTest::keyClick(box, Qt::Key_Escape);
             else
@@ -300,8 +301,9 @@ private slots:
 
         QTest::mouseClick(about.findChild<QLabel *>(QStringLiteral("Label3")), Qt::LeftButton);
         QTest::mouseClick(about.findChild<QLabel *>(QStringLiteral("Label4")), Qt::LeftButton);
-        QCOMPARE(shellOpens.opened, (QList<QUrl>{QUrl(QStringLiteral("mailto:support@quillstone.example.org")),
-                                      QUrl(QStringLiteral("https://quillstone.example.org"))}));
+        QCOMPARE(shellOpens.opened,
+                 (QList<QUrl>{QUrl(QStringLiteral("mailto:support@quillstone.example.org")),
+                              QUrl(QStringLiteral("https://quillstone.example.org"))}));
         QTest::mouseClick(about.findChild<QPushButton *>(QStringLiteral("cmdOK")), Qt::LeftButton);
         QCOMPARE(about.result(), int(QDialog::Accepted));
         QVERIFY(!about.isVisible());

@@ -25,7 +25,8 @@ inline QByteArray fileBytes(int version)
 {
     QByteArray bytes;
     for (int line = 0; line < 3000; ++line)
-        bytes += "\"Bookmark " + QByteArray::number(line) + " version " + QByteArray::number(version) + "\",\"John 3:16\"\r\n";
+        bytes += "\"Bookmark " + QByteArray::number(line) + " version " +
+                 QByteArray::number(version) + "\",\"John 3:16\"\r\n";
     return bytes;
 }
 

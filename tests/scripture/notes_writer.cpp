@@ -15,7 +15,8 @@ int main(int argc, char **argv)
     const QStringList args = app.arguments();
     if (args.size() == 3 && args.at(1) == u"--file") {
         for (int i = 0;; ++i) {
-            const QString reason = platform::WriteFileAtomically(args.at(2), crash::fileBytes(i % 2));
+            const QString reason =
+                platform::WriteFileAtomically(args.at(2), crash::fileBytes(i % 2));
             if (!reason.isEmpty()) {
                 std::fprintf(stderr, "%s\n", qPrintable(reason));
                 return 1;

@@ -9,9 +9,9 @@
 #include "scripture/basStrings.h"
 #include "scripture/clsSeparation.h"
 
+#include <QLocale>
 #include <QRegularExpression>
 #include <QTemporaryDir>
-#include <QLocale>
 #include <QTest>
 
 using namespace fixture;
@@ -54,14 +54,19 @@ private slots:
         QCOMPARE(basStrings::CountOccurrences(u"AbAB", u"ab", true), 2);
         QCOMPARE(basStrings::NthOccurrence(u"a-b-c", u"-", 2), 4);
         QCOMPARE(basStrings::NthOccurrence(u"a-b-c", u"-", 3), 0);
-        QCOMPARE(basStrings::JoinPath(QStringLiteral("C:\\Bible\\"), QStringLiteral("bible.dat"), QStringLiteral("\\")),
+        QCOMPARE(basStrings::JoinPath(QStringLiteral("C:\\Bible\\"), QStringLiteral("bible.dat"),
+                                      QStringLiteral("\\")),
                  QStringLiteral("C:\\Bible\\bible.dat"));
-        QCOMPARE(basStrings::JoinPath(QStringLiteral("dir"), QStringLiteral("x"), QStringLiteral("\\")), QStringLiteral("dir\\x"));
+        QCOMPARE(
+            basStrings::JoinPath(QStringLiteral("dir"), QStringLiteral("x"), QStringLiteral("\\")),
+            QStringLiteral("dir\\x"));
         QCOMPARE(basStrings::LeadingNumber(u" 12abc"), 12);
         QCOMPARE(basStrings::LeadingNumber(u"abc"), 0);
         QCOMPARE(basStrings::LeadingNumber(u"99999999999999"), 32767);
         QCOMPARE(basStrings::UpperCase(QStringLiteral("Génesis a")), QStringLiteral("GÉNESIS A"));
-        QVERIFY(QRegularExpression(QStringLiteral("^\\d+\\.\\d+\\.\\d+$")).match(basStrings::VersionText()).hasMatch());
+        QVERIFY(QRegularExpression(QStringLiteral("^\\d+\\.\\d+\\.\\d+$"))
+                    .match(basStrings::VersionText())
+                    .hasMatch());
     }
 
     void formatter_data()
@@ -72,8 +77,9 @@ private slots:
         QTest::newRow("added words") << "In the beginning [was] the Word" << false
                                      << "In the beginning \\i was \\i0 the Word";
         QTest::newRow("lines") << "a\r\nb\r\nc\r\n" << false << "a\\par b\\par c\\par ";
-        QTest::newRow("strong's number") << "God{H430} said" << true
-                                         << "{\\rtf {\\colortbl ;\\red255\\green0\\blue0;}God{\\super {\\fs0 '}H430} said}";
+        QTest::newRow("strong's number")
+            << "God{H430} said" << true
+            << "{\\rtf {\\colortbl ;\\red255\\green0\\blue0;}God{\\super {\\fs0 '}H430} said}";
         QTest::newRow("unmatched brace kept") << "a{b" << false << "a{\\super {\\fs0 '}b";
         QTest::newRow("digit after added words") << "[is]5" << false << "\\i is \\i0 5";
     }
@@ -109,7 +115,8 @@ private slots:
         QString oneLine = QStringLiteral("1 ") + QString(most, u'w');
         oneLine.replace(most - 1, 2, QString::fromUtf16(u"\U0001D11E"));
         const QString cut = PassageFormatter::FitForView(oneLine);
-        QVERIFY(cut.startsWith(oneLine.left(most - 1) + QStringLiteral("\r\n[The passage is cut here: ")));
+        QVERIFY(cut.startsWith(oneLine.left(most - 1) +
+                               QStringLiteral("\r\n[The passage is cut here: ")));
     }
 
     void decoding()
@@ -119,9 +126,12 @@ private slots:
         QCOMPARE(old.text, QString::fromUtf16(u"caf\u00e9 \u201cq\u201d"));
         QCOMPARE(old.encoding, platform::TextEncoding::Windows1252);
         QCOMPARE(platform::EncodeText(old.text, old.encoding), QByteArray("caf\xe9 \x93q\x94"));
-        // A character the old code page cannot hold turns the file into UTF-8 rather than being lost.
-        QCOMPARE(platform::EncodeText(QStringLiteral("ש"), platform::TextEncoding::Windows1252), QByteArray("\xd7\xa9"));
-        QCOMPARE(platform::SplitLines(QStringLiteral("a\r\nb\nc\rd\r\n")), (QStringList{"a", "b", "c", "d"}));
+        // A character the old code page cannot hold turns the file into UTF-8 rather than being
+        // lost.
+        QCOMPARE(platform::EncodeText(QStringLiteral("ש"), platform::TextEncoding::Windows1252),
+                 QByteArray("\xd7\xa9"));
+        QCOMPARE(platform::SplitLines(QStringLiteral("a\r\nb\nc\rd\r\n")),
+                 (QStringList{"a", "b", "c", "d"}));
         QCOMPARE(platform::SplitLines(QStringLiteral("a\r\n\r\n")), (QStringList{"a", ""}));
     }
 
@@ -133,7 +143,8 @@ private slots:
                  dir.path() + QStringLiteral("/OldTest/genesis.dat"));
         QVERIFY(platform::FileExists(dir.path() + QStringLiteral("/OLDTEST/Genesis.DAT")));
         QVERIFY(!platform::FileExists(dir.path() + QStringLiteral("/oldtest")));
-        QVERIFY(platform::ResolvePath(dir.path() + QStringLiteral("/newtest/map.dat")).endsWith(QStringLiteral("/newtest/map.dat")));
+        QVERIFY(platform::ResolvePath(dir.path() + QStringLiteral("/newtest/map.dat"))
+                    .endsWith(QStringLiteral("/newtest/map.dat")));
     }
 
     // One rule decides for the store, the searches, the check and the notes what a marker is.
@@ -179,27 +190,42 @@ private slots:
     void translationCheck()
     {
         QTemporaryDir dir;
-        makeTranslation(dir.path(), QStringLiteral("OK"),
-                        {{QStringLiteral("Genesis"), false, chapters(QStringLiteral("Genesis"), {2, 2})},
-                         {QStringLiteral("Mark"), true, chapters(QStringLiteral("Mark"), {1})}});
+        makeTranslation(
+            dir.path(), QStringLiteral("OK"),
+            {{QStringLiteral("Genesis"), false, chapters(QStringLiteral("Genesis"), {2, 2})},
+             {QStringLiteral("Mark"), true, chapters(QStringLiteral("Mark"), {1})}});
         QCOMPARE(TranslationCheck::Check(dir.path() + QStringLiteral("/OK")), QStringList());
 
-        makeTranslation(dir.path(), QStringLiteral("BAD"),
-                        {{QStringLiteral("Genesis"), false,
-                          {"CHAPTER 1", "1 a", "3 c", "2 b", "CHAPTER 2", "CHAPTER 4", "stray line", "1 x"}, 3},
-                         {QStringLiteral("Exodus"), false, {"CHAPTER 1", "1 a"}},
-                         {QStringLiteral("Mark"), true, {"CHAPTER 01", "1 a"}}});
+        makeTranslation(
+            dir.path(), QStringLiteral("BAD"),
+            {{QStringLiteral("Genesis"),
+              false,
+              {"CHAPTER 1", "1 a", "3 c", "2 b", "CHAPTER 2", "CHAPTER 4", "stray line", "1 x"},
+              3},
+             {QStringLiteral("Exodus"), false, {"CHAPTER 1", "1 a"}},
+             {QStringLiteral("Mark"), true, {"CHAPTER 01", "1 a"}}});
         QFile::remove(dir.path() + QStringLiteral("/BAD/oldtest/EXODUS.dat"));
         const QStringList problems = TranslationCheck::Check(dir.path() + QStringLiteral("/BAD"));
         const QString all = problems.join(u'\n');
         QVERIFY2(all.contains(QStringLiteral("Genesis 1: verse 2 is missing")), qPrintable(all));
-        QVERIFY2(all.contains(QStringLiteral("Genesis 1: verse 2 is out of order")), qPrintable(all));
+        QVERIFY2(all.contains(QStringLiteral("Genesis 1: verse 2 is out of order")),
+                 qPrintable(all));
         QVERIFY2(all.contains(QStringLiteral("Genesis 2: chapter has no verses")), qPrintable(all));
-        QVERIFY2(all.contains(QStringLiteral("Genesis 4: chapter marker 4 where chapter 3 was expected")), qPrintable(all));
-        QVERIFY2(all.contains(QStringLiteral("neither a chapter marker nor a verse: \"stray line\"")), qPrintable(all));
-        QVERIFY2(all.contains(QStringLiteral("Exodus: book file EXODUS.dat is missing")), qPrintable(all));
-        QVERIFY2(all.contains(QStringLiteral("Mark 1: line 1: \"CHAPTER 01\" is not found as chapter 1")), qPrintable(all));
-        QVERIFY2(TranslationCheck::Check(dir.path() + QStringLiteral("/NONE")).value(0).contains(QStringLiteral("does not exist")), qPrintable(all));
+        QVERIFY2(all.contains(
+                     QStringLiteral("Genesis 4: chapter marker 4 where chapter 3 was expected")),
+                 qPrintable(all));
+        QVERIFY2(
+            all.contains(QStringLiteral("neither a chapter marker nor a verse: \"stray line\"")),
+            qPrintable(all));
+        QVERIFY2(all.contains(QStringLiteral("Exodus: book file EXODUS.dat is missing")),
+                 qPrintable(all));
+        QVERIFY2(all.contains(
+                     QStringLiteral("Mark 1: line 1: \"CHAPTER 01\" is not found as chapter 1")),
+                 qPrintable(all));
+        QVERIFY2(TranslationCheck::Check(dir.path() + QStringLiteral("/NONE"))
+                     .value(0)
+                     .contains(QStringLiteral("does not exist")),
+                 qPrintable(all));
     }
 };
 

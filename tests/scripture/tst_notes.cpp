@@ -297,7 +297,8 @@ private slots:
         Passage chapter = bible.Fetch(reference);
         CommentaryStore store(folder);
         QVERIFY(store.Changed(chapter));
-        QCOMPARE(store.ViewText(bible, chapter), QStringLiteral("Tovelian's Commentary \r\n") + commentary);
+        QCOMPARE(store.ViewText(bible, chapter),
+                 QStringLiteral("Tovelian's Commentary \r\n") + commentary);
         QVERIFY(!store.Changed(chapter));
 
         // Coming back to the same chapter reads nothing, even when the file has gone since.

@@ -2,9 +2,9 @@
 // moments: every file must still be there, in one of the versions ever saved, never missing or
 // half written, and what the killed saves left behind goes at the next save or start.
 #include "NotesCrashTexts.h"
+#include "platform/FileSystem.h"
 #include "scripture/BookFiles.h"
 #include "scripture/ChapterSection.h"
-#include "platform/FileSystem.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -71,7 +71,8 @@ private slots:
         QVERIFY(QFile::exists(temporary));
         QFile old(temporary);
         QVERIFY(old.open(QIODevice::ReadWrite));
-        QVERIFY(old.setFileTime(QDateTime::currentDateTime().addSecs(-120), QFileDevice::FileModificationTime));
+        QVERIFY(old.setFileTime(QDateTime::currentDateTime().addSecs(-120),
+                                QFileDevice::FileModificationTime));
         old.close();
         platform::RemoveLeftoverTemporaryFiles(dir.path() + QStringLiteral("/notes/oldtest"));
         QVERIFY(!QFile::exists(temporary));
@@ -92,20 +93,24 @@ private slots:
             QThread::msleep(5 + random.bounded(60));
             writer.kill();
             QVERIFY(writer.waitForFinished());
-            QVERIFY2(writer.exitStatus() == QProcess::CrashExit, writer.readAllStandardError().constData());
+            QVERIFY2(writer.exitStatus() == QProcess::CrashExit,
+                     writer.readAllStandardError().constData());
             const std::optional<QByteArray> bytes = platform::ReadFileBytes(path);
             QVERIFY(bytes && (*bytes == crash::fileBytes(0) || *bytes == crash::fileBytes(1)));
         }
         // What the killed writers left, and a file as one of them would leave it, go at the next
         // save; another file's temporary file stays.
         QFile(path + QStringLiteral(".%1.temp").arg(lastWriter)).open(QIODevice::WriteOnly);
-        QFile(dir.filePath(QStringLiteral("window.ini.%1.temp").arg(lastWriter))).open(QIODevice::WriteOnly);
+        QFile(dir.filePath(QStringLiteral("window.ini.%1.temp").arg(lastWriter)))
+            .open(QIODevice::WriteOnly);
         QCOMPARE(platform::WriteFileAtomically(path, crash::fileBytes(1)), QString());
         QCOMPARE(QDir(dir.path()).entryList(QDir::Files),
-                 (QStringList{QStringLiteral("bookmarks.dat"), QStringLiteral("window.ini.%1.temp").arg(lastWriter)}));
+                 (QStringList{QStringLiteral("bookmarks.dat"),
+                              QStringLiteral("window.ini.%1.temp").arg(lastWriter)}));
         // At the next start.
         platform::RemoveLeftoverTemporaryFiles(dir.path());
-        QCOMPARE(QDir(dir.path()).entryList(QDir::Files), QStringList{QStringLiteral("bookmarks.dat")});
+        QCOMPARE(QDir(dir.path()).entryList(QDir::Files),
+                 QStringList{QStringLiteral("bookmarks.dat")});
     }
 };
 

@@ -41,11 +41,16 @@ private slots:
     void initTestCase()
     {
         QList<Book> books = {
-            {QStringLiteral("Genesis"), false,
-             {"CHAPTER 1", "1 In the beginning GOD created", "2 and God's spirit moved", "CHAPTER 2",
-              "1 a godly man loved God.", "2 love and god"}},
-            {QStringLiteral("Exodus"), false, {"CHAPTER 1", "1 these are the names; God saw", "CHAPTER 2", "1 love of God"}},
-            {QStringLiteral("Matthew"), true, {"CHAPTER 1", "1 the book of the generation", "CHAPTER 2", "1 GODLY ones"}},
+            {QStringLiteral("Genesis"),
+             false,
+             {"CHAPTER 1", "1 In the beginning GOD created", "2 and God's spirit moved",
+              "CHAPTER 2", "1 a godly man loved God.", "2 love and god"}},
+            {QStringLiteral("Exodus"),
+             false,
+             {"CHAPTER 1", "1 these are the names; God saw", "CHAPTER 2", "1 love of God"}},
+            {QStringLiteral("Matthew"),
+             true,
+             {"CHAPTER 1", "1 the book of the generation", "CHAPTER 2", "1 GODLY ones"}},
         };
         makeTranslation(m_dir.path(), QStringLiteral("S"), books);
         m_bible.setVersionPath(m_dir.path() + QStringLiteral("/S"));
@@ -57,20 +62,29 @@ private slots:
         QTest::addColumn<QStringList>("results");
         // The first line of each file is never looked at, so chapter 1 of a book carries the
         // chapter of the book before it (none for the first book).
-        QTest::newRow("all keywords, any order") << "love god" << false
-            << QStringList{"Genesis 2:1 a godly man loved God.\r\n\r\n", "Genesis 2:2 love and god\r\n\r\n",
-                           "Exodus 2:1 love of God\r\n\r\n"};
+        QTest::newRow("all keywords, any order")
+            << "love god" << false
+            << QStringList{"Genesis 2:1 a godly man loved God.\r\n\r\n",
+                           "Genesis 2:2 love and god\r\n\r\n", "Exodus 2:1 love of God\r\n\r\n"};
         QTest::newRow("substring") << "GOD" << false
-            << QStringList{"Genesis :1 In the beginning GOD created\r\n\r\n", "Genesis :2 and God's spirit moved\r\n\r\n",
-                           "Genesis 2:1 a godly man loved God.\r\n\r\n", "Genesis 2:2 love and god\r\n\r\n",
-                           "Exodus 2:1 these are the names; God saw\r\n\r\n", "Exodus 2:1 love of God\r\n\r\n",
+                                   << QStringList{"Genesis :1 In the beginning GOD created\r\n\r\n",
+                                                  "Genesis :2 and God's spirit moved\r\n\r\n",
+                                                  "Genesis 2:1 a godly man loved God.\r\n\r\n",
+                                                  "Genesis 2:2 love and god\r\n\r\n",
+                                                  "Exodus 2:1 these are the names; God saw\r\n\r\n",
+                                                  "Exodus 2:1 love of God\r\n\r\n",
+                                                  "Matthew 2:1 GODLY ones\r\n\r\n"};
+        QTest::newRow("whole word: GOD. and GOD'S count, GODLY does not")
+            << "god" << true << QStringList{"Genesis :1 In the beginning GOD created\r\n\r\n",
+                                            "Genesis :2 and God's spirit moved\r\n\r\n",
+                                            "Genesis 2:1 a godly man loved God.\r\n\r\n",
+                                            "Genesis 2:2 love and god\r\n\r\n",
+                                            "Exodus 2:1 these are the names; God saw\r\n\r\n",
+                                            "Exodus 2:1 love of God\r\n\r\n"};
+        QTest::newRow("whole word only in a longer word")
+            << "godly" << true
+            << QStringList{"Genesis 2:1 a godly man loved God.\r\n\r\n",
                            "Matthew 2:1 GODLY ones\r\n\r\n"};
-        QTest::newRow("whole word: GOD. and GOD'S count, GODLY does not") << "god" << true
-            << QStringList{"Genesis :1 In the beginning GOD created\r\n\r\n", "Genesis :2 and God's spirit moved\r\n\r\n",
-                           "Genesis 2:1 a godly man loved God.\r\n\r\n", "Genesis 2:2 love and god\r\n\r\n",
-                           "Exodus 2:1 these are the names; God saw\r\n\r\n", "Exodus 2:1 love of God\r\n\r\n"};
-        QTest::newRow("whole word only in a longer word") << "godly" << true
-            << QStringList{"Genesis 2:1 a godly man loved God.\r\n\r\n", "Matthew 2:1 GODLY ones\r\n\r\n"};
         QTest::newRow("first line never matched") << "CHAPTER" << false << QStringList{};
     }
 
@@ -89,10 +103,12 @@ private slots:
     // command line, which lists hit by hit, keeps it whole.
     void longLinesCutForTheView()
     {
-        const SearchHit hit{QStringLiteral("Genesis"), QStringLiteral("1"), QStringLiteral("1 ") + QString(3000000, u'w')};
+        const SearchHit hit{QStringLiteral("Genesis"), QStringLiteral("1"),
+                            QStringLiteral("1 ") + QString(3000000, u'w')};
         const QString listed = SearchHit::ListedAll({hit, hit});
         QVERIFY(listed.size() < 21000);
-        QCOMPARE(listed.count(QStringLiteral(" [2,990,002 more characters are not shown.]\r\n\r\n")), 2);
+        QCOMPARE(
+            listed.count(QStringLiteral(" [2,990,002 more characters are not shown.]\r\n\r\n")), 2);
         QCOMPARE(hit.Listed().size(), 10 + 3000002 + 4);
     }
 
@@ -120,8 +136,10 @@ private slots:
         QCOMPARE(r.outcome, QuickSearch::Outcome::OverLimit);
         QCOMPARE(r.hits.size(), 3);
         QCOMPARE(r.title, QStringLiteral("First 2 results."));
-        QCOMPARE(m_answers.prompts(), QStringList{QStringLiteral("There were over a 2 results for your search,\r\n"
-                                                        "please narrow it down or use the advanced search feature!")});
+        QCOMPARE(m_answers.prompts(),
+                 QStringList{
+                     QStringLiteral("There were over a 2 results for your search,\r\n"
+                                    "please narrow it down or use the advanced search feature!")});
         QCOMPARE(titles, (QStringList{QString(), "Searching: Genesis...", "First 2 results."}));
 
         // A blank query does nothing at all.

@@ -1,5 +1,5 @@
-#include "settings/SettingsRecords.h"
 #include "platform/WinQColor.h"
+#include "settings/SettingsRecords.h"
 
 #include <QFile>
 #include <QTemporaryDir>

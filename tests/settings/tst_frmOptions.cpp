@@ -36,11 +36,11 @@ class TestOptions : public QObject
     Q_OBJECT
 
     QTemporaryDir m_dir;
-    const QList<InstalledTranslation> m_translations = {{QStringLiteral("KJV"), QStringLiteral("King James")},
-                                                        {QStringLiteral("WEB"), QStringLiteral("World English")}};
+    const QList<InstalledTranslation> m_translations = {
+        {QStringLiteral("KJV"), QStringLiteral("King James")},
+        {QStringLiteral("WEB"), QStringLiteral("World English")}};
 
-    template<typename T>
-    static T *control(QWidget *dialog, const char *name)
+    template <typename T> static T *control(QWidget *dialog, const char *name)
     {
         T *found = dialog->findChild<T *>(QLatin1String(name));
         if (!found)
@@ -55,7 +55,9 @@ private slots:
     {
         ProgramSettings &settings = ProgramSettings::instance();
         settings.setProgramFolder(m_dir.path());
-        fixture::writeFile(file("window.ini"), "[]\r\nrememberwindowsetting=1\r\n[load]\r\nautoload=0\r\nversion=KJV\r\n");
+        fixture::writeFile(
+            file("window.ini"),
+            "[]\r\nrememberwindowsetting=1\r\n[load]\r\nautoload=0\r\nversion=KJV\r\n");
         settings.general = GeneralSettings::Defaults();
         settings.display = DisplaySettings::Defaults();
         settings.rememberWindows = true;
@@ -120,7 +122,8 @@ private slots:
             QCOMPARE(font.pointSize(), 14);
             QVERIFY(font.italic());
         }
-        QVERIFY(control<QLabel>(&options, "lblPassage")->font().family() != QStringLiteral("DejaVu Serif"));
+        QVERIFY(control<QLabel>(&options, "lblPassage")->font().family() !=
+                QStringLiteral("DejaVu Serif"));
     }
 
     void discardWritesNothing()
@@ -140,7 +143,8 @@ private slots:
         QCOMPARE(readAll(file("window.ini")), ini);
         QCOMPARE(readAll(file("display.cfg")), display);
         QVERIFY(ProgramSettings::instance().rememberWindows);
-        QCOMPARE(ProgramSettings::instance().display.navigation.BackColor, DisplaySettings().navigation.BackColor);
+        QCOMPARE(ProgramSettings::instance().display.navigation.BackColor,
+                 DisplaySettings().navigation.BackColor);
     }
 
     void saveWritesEverything()
@@ -175,8 +179,9 @@ private slots:
         QCOMPARE(display.title.ForeColor, 0x00FF00);
         // Untouched system colours stay system colours.
         QCOMPARE(display.title.BackColor, qint32(0x8000000F));
-        QCOMPARE(readAll(file("window.ini")),
-                 QByteArray("[]\r\nrememberwindowsetting=0\r\n[load]\r\nautoload=1\r\nversion=WEB\r\n"));
+        QCOMPARE(
+            readAll(file("window.ini")),
+            QByteArray("[]\r\nrememberwindowsetting=0\r\n[load]\r\nautoload=1\r\nversion=WEB\r\n"));
         QVERIFY(!settings.rememberWindows);
     }
 

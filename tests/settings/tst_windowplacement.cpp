@@ -36,10 +36,12 @@ private slots:
     // window is placed, as it is for the program's first window.
     void maximisedComesBackAtItsSavedSize()
     {
-        useIni("[main]\r\nwindowstate=2\r\nleft=1500\r\ntop=1200\r\nwidth=9030\r\nheight=6375\r\n", true);
+        useIni("[main]\r\nwindowstate=2\r\nleft=1500\r\ntop=1200\r\nwidth=9030\r\nheight=6375\r\n",
+               true);
         QWidget window;
         WindowPlacement placement(&window, QStringLiteral("main"),
-                                  WindowPlacement::Position | WindowPlacement::Size | WindowPlacement::State);
+                                  WindowPlacement::Position | WindowPlacement::Size |
+                                      WindowPlacement::State);
         placement.restore();
         window.show();
         QVERIFY(QTest::qWaitForWindowExposed(&window));
@@ -48,7 +50,9 @@ private slots:
         window.setWindowState(Qt::WindowNoState);
         QTRY_COMPARE(window.frameGeometry(), QRect(100, 80, 602, 425));
         window.close();
-        QCOMPARE(iniBytes(), "[main]\r\nwindowstate=0\r\nleft=1500\r\ntop=1200\r\nwidth=9030\r\nheight=6375\r\n");
+        QCOMPARE(
+            iniBytes(),
+            "[main]\r\nwindowstate=0\r\nleft=1500\r\ntop=1200\r\nwidth=9030\r\nheight=6375\r\n");
     }
 
     void fitOnScreen_data()
@@ -57,8 +61,10 @@ private slots:
         QTest::addColumn<QRect>("fitted");
         QTest::newRow("inside") << QRect(80, 60, 1000, 720) << QRect(80, 60, 1000, 720);
         QTest::newRow("off the bottom") << QRect(80, 300, 1000, 720) << QRect(80, 180, 1000, 720);
-        QTest::newRow("off the left and top") << QRect(-500, -20, 400, 300) << QRect(0, 0, 400, 300);
-        QTest::newRow("larger than the screen") << QRect(10, 10, 2000, 1200) << QRect(0, 0, 1440, 900);
+        QTest::newRow("off the left and top")
+            << QRect(-500, -20, 400, 300) << QRect(0, 0, 400, 300);
+        QTest::newRow("larger than the screen")
+            << QRect(10, 10, 2000, 1200) << QRect(0, 0, 1440, 900);
         QTest::newRow("a missing key reads -1") << QRect(-1, -1, 300, 300) << QRect(0, 0, 300, 300);
     }
 
@@ -66,14 +72,16 @@ private slots:
     {
         QFETCH(QRect, outer);
         QFETCH(QRect, fitted);
-        QCOMPARE(WindowPlacement::FitOnScreen(outer, QRect(0, 0, 1440, 900), QSize(200, 272)), fitted);
+        QCOMPARE(WindowPlacement::FitOnScreen(outer, QRect(0, 0, 1440, 900), QSize(200, 272)),
+                 fitted);
     }
 
     void untouchedWindowKeepsItsValues()
     {
         // 2507 twips is no whole number of pixels: rounding must not move the window each time.
-        const QByteArray ini = "[main]\r\nwindowstate=0\r\nLeft=1207\r\ntop=900\r\nwidth=9000\r\nheight=7200\r\n"
-                               "split0=2520\r\nsplit1=4507\r\n[tool]\r\nleft=300\r\ntop=450\r\ntab=2\r\n";
+        const QByteArray ini =
+            "[main]\r\nwindowstate=0\r\nLeft=1207\r\ntop=900\r\nwidth=9000\r\nheight=7200\r\n"
+            "split0=2520\r\nsplit1=4507\r\n[tool]\r\nleft=300\r\ntop=450\r\ntab=2\r\n";
         useIni(ini, true);
         for (int run = 0; run < 3; ++run) {
             QWidget window;
@@ -84,7 +92,8 @@ private slots:
                 splitter->addWidget(new QLabel(QStringLiteral("pane"), splitter));
             layout->addWidget(splitter);
             WindowPlacement placement(&window, QStringLiteral("main"),
-                                      WindowPlacement::Position | WindowPlacement::Size | WindowPlacement::State);
+                                      WindowPlacement::Position | WindowPlacement::Size |
+                                          WindowPlacement::State);
             placement.setLeftReadKey(QStringLiteral("Left"));
             placement.addSplitter(splitter, {QStringLiteral("split0"), QStringLiteral("split1")});
             placement.restore();
@@ -130,10 +139,12 @@ private slots:
 
     void maximisedKeepsNormalPlacement()
     {
-        useIni("[main]\r\nwindowstate=2\r\nleft=1500\r\ntop=1500\r\nwidth=6000\r\nheight=4500\r\n", true);
+        useIni("[main]\r\nwindowstate=2\r\nleft=1500\r\ntop=1500\r\nwidth=6000\r\nheight=4500\r\n",
+               true);
         QWidget window;
         WindowPlacement placement(&window, QStringLiteral("main"),
-                                  WindowPlacement::Position | WindowPlacement::Size | WindowPlacement::State);
+                                  WindowPlacement::Position | WindowPlacement::Size |
+                                      WindowPlacement::State);
         placement.restore();
         QVERIFY(window.windowState() & Qt::WindowMaximized);
         // Restoring the window gives the normal placement of the last normal close.

@@ -17,8 +17,7 @@
 
 namespace support {
 
-template<typename Dialog>
-class DialogAnswer
+template <typename Dialog> class DialogAnswer
 {
 public:
     explicit DialogAnswer(typename Dialog::TestAnswer answer)

@@ -57,8 +57,7 @@ public:
 
     // A control of the main window (or of the start-up window) by its object name; a test that
     // asks for a control that is not there stops at once with its name.
-    template<typename T>
-    T *control(const char *name) const
+    template <typename T> T *control(const char *name) const
     {
         T *found = m_main ? m_main->findChild<T *>(QLatin1String(name)) : nullptr;
         if (!found && m_chooser)

@@ -26,7 +26,10 @@ public:
     };
 
     void GoToReference(const QString &reference) override { references << reference; }
-    void ShowPassage(const QString &rtf, const QString &title) override { shown.append({rtf, title}); }
+    void ShowPassage(const QString &rtf, const QString &title) override
+    {
+        shown.append({rtf, title});
+    }
     const clsBible &Bible() const override { return bible; }
     void ShowConcordance(const QString &number) override { concordance << number; }
 
@@ -34,9 +37,10 @@ public:
     // ("n Text of Genesis c:n"), opened in the store.
     void openGenesis(const QString &programFolder)
     {
-        bible.setVersionPath(fixture::makeTranslation(
-            programFolder, QStringLiteral("T"),
-            {{QStringLiteral("Genesis"), false, fixture::chapters(QStringLiteral("Genesis"), {3, 3})}}));
+        bible.setVersionPath(
+            fixture::makeTranslation(programFolder, QStringLiteral("T"),
+                                     {{QStringLiteral("Genesis"), false,
+                                       fixture::chapters(QStringLiteral("Genesis"), {3, 3})}}));
         bible.setSeparator(QStringLiteral("\r\n"));
     }
 

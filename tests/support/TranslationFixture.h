@@ -14,7 +14,7 @@ struct Book
 {
     QString name;
     bool newTestament = false;
-    QStringList lines; // the whole book file, line by line
+    QStringList lines;    // the whole book file, line by line
     int mapChapters = -1; // -1: count the CHAPTER lines
 };
 
@@ -74,16 +74,39 @@ inline QStringList chapters(const QString &book, const QList<int> &verses)
 
 inline const QStringList &canonNames()
 {
-    static const QStringList names = {
-        "Genesis", "Exodus", "Leviticus", "Numbers", "Deuteronomy", "Joshua", "Judges", "Ruth",
-        "1Samuel", "2Samuel", "1Kings", "2Kings", "1Chronicles", "2Chronicles", "Ezra",
-        "Nehemiah", "Esther", "Job", "Psalms", "Proverbs", "Ecclesiastes", "Song of Solomon",
-        "Isaiah", "Jeremiah", "Lamentations", "Ezekiel", "Daniel", "Hosea", "Joel", "Amos",
-        "Obadiah", "Jonah", "Micah", "Nahum", "Habakkuk", "Zephaniah", "Haggai", "Zechariah",
-        "Malachi", "Matthew", "Mark", "Luke", "John", "Acts", "Romans", "1Corinthians",
-        "2Corinthians", "Galatians", "Ephesians", "Philippians", "Colossians", "1Thessalonians",
-        "2Thessalonians", "1Timothy", "2Timothy", "Titus", "Philemon", "Hebrews", "James",
-        "1Peter", "2Peter", "1John", "2John", "3John", "Jude", "Revelation"};
+    static const QStringList names = {"Genesis",        "Exodus",
+                                      "Leviticus",      "Numbers",
+                                      "Deuteronomy",    "Joshua",
+                                      "Judges",         "Ruth",
+                                      "1Samuel",        "2Samuel",
+                                      "1Kings",         "2Kings",
+                                      "1Chronicles",    "2Chronicles",
+                                      "Ezra",           "Nehemiah",
+                                      "Esther",         "Job",
+                                      "Psalms",         "Proverbs",
+                                      "Ecclesiastes",   "Song of Solomon",
+                                      "Isaiah",         "Jeremiah",
+                                      "Lamentations",   "Ezekiel",
+                                      "Daniel",         "Hosea",
+                                      "Joel",           "Amos",
+                                      "Obadiah",        "Jonah",
+                                      "Micah",          "Nahum",
+                                      "Habakkuk",       "Zephaniah",
+                                      "Haggai",         "Zechariah",
+                                      "Malachi",        "Matthew",
+                                      "Mark",           "Luke",
+                                      "John",           "Acts",
+                                      "Romans",         "1Corinthians",
+                                      "2Corinthians",   "Galatians",
+                                      "Ephesians",      "Philippians",
+                                      "Colossians",     "1Thessalonians",
+                                      "2Thessalonians", "1Timothy",
+                                      "2Timothy",       "Titus",
+                                      "Philemon",       "Hebrews",
+                                      "James",          "1Peter",
+                                      "2Peter",         "1John",
+                                      "2John",          "3John",
+                                      "Jude",           "Revelation"};
     return names;
 }
 

@@ -5,7 +5,6 @@
 #include "scripture/basStrings.h"
 #include "settings/SettingsRecords.h"
 
-
 namespace cli {
 
 namespace {

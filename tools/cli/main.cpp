@@ -10,10 +10,10 @@
 #include "platform/FileSystem.h"
 #include "platform/MsgBox.h"
 #include "platform/TextCodec.h"
+#include "scripture/AdvancedSearch.h"
 #include "scripture/CommentaryStore.h"
 #include "scripture/NotesStore.h"
 #include "scripture/PassageFormatter.h"
-#include "scripture/AdvancedSearch.h"
 #include "scripture/QuickSearch.h"
 #include "scripture/StrongConcordance.h"
 #include "scripture/TranslationCheck.h"
@@ -25,11 +25,11 @@
 #include "settings/WindowSettings.h"
 #include "settings/clsIni.h"
 
-#include <memory>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QStringList>
+#include <memory>
 
 #include <optional>
 
@@ -51,23 +51,33 @@ int usage()
         "                                    the advanced search; LIST like 1-39 or 1,19,40-43\n"
         "  concordance [--limit N] NUMBER    every verse carrying a Strong's number (H430, G26)\n"
         "  check FOLDER                      check a translation folder for problems\n"
-        "  notes REFERENCE                   the notes kept for the reference's chapter (rich text)\n"
-        "  notes --set FILE REFERENCE        keep FILE (rich or plain text) as that chapter's notes\n"
+        "  notes REFERENCE                   the notes kept for the reference's chapter (rich "
+        "text)\n"
+        "  notes --set FILE REFERENCE        keep FILE (rich or plain text) as that chapter's "
+        "notes\n"
         "  commentary REFERENCE              the commentary on the reference's chapter\n"
-        "  bookmarks                         name, reference and standard reference of every bookmark\n"
+        "  bookmarks                         name, reference and standard reference of every "
+        "bookmark\n"
         "  bookmarks add NAME REFERENCE      add a bookmark as the Add Bookmark window does\n"
         "  settings                          the general options and the look, as key=value lines\n"
-        "  dictionary WORD                   the dictionary's definition of a word, then its references\n"
+        "  dictionary WORD                   the dictionary's definition of a word, then its "
+        "references\n"
         "  names NAME                        the meaning of a Bible name\n"
         "  strong H430|G26                   the Strong's lexicon entry of a number\n"
-        "  strong --hebrew|--greek TEXT      the lexicon entry of a number or of a word's beginning\n"
+        "  strong --hebrew|--greek TEXT      the lexicon entry of a number or of a word's "
+        "beginning\n"
         "  topics QUERY                      the topics whose names hold every word of the query\n"
         "  stories QUERY                     the same over the famous Bible stories\n"
-        "  parallels parables|miracles NAME  the Matthew, Mark, Luke and John references, one a line\n"
-        "  prophecy NAME                     a prophecy's Old Testament reference, then its fulfilment\n"
-        "  topic NAME                        a topic's title line, then the text of all its references\n"
-        "  verse [--line N]                  the verse of the day for line N of verses.dat (random without it)\n"
-        "  modules [--sword DIR]             the installed SWORD modules: name, type, language, versification\n"
+        "  parallels parables|miracles NAME  the Matthew, Mark, Luke and John references, one a "
+        "line\n"
+        "  prophecy NAME                     a prophecy's Old Testament reference, then its "
+        "fulfilment\n"
+        "  topic NAME                        a topic's title line, then the text of all its "
+        "references\n"
+        "  verse [--line N]                  the verse of the day for line N of verses.dat (random "
+        "without it)\n"
+        "  modules [--sword DIR]             the installed SWORD modules: name, type, language, "
+        "versification\n"
         "  map --translations FROM,TO REFERENCE...  references in FROM's verse numbering in TO's\n"
         "PROGRAM_FOLDER defaults to $QUILLSTONE_DIR, else the folder of this program."));
     return Usage;
@@ -104,8 +114,8 @@ std::optional<QList<bool>> bookList(const QString &list, int count)
         bool okLast = false;
         const int first = ends.first().toInt(&okFirst);
         const int last = ends.size() == 2 ? ends.last().toInt(&okLast) : first;
-        if (!okFirst || (ends.size() == 2 && !okLast) || ends.size() > 2 || first < 1 || last > count ||
-            first > last)
+        if (!okFirst || (ends.size() == 2 && !okLast) || ends.size() > 2 || first < 1 ||
+            last > count || first > last)
             return std::nullopt;
         for (int b = first; b <= last; ++b)
             books[b - 1] = true;
@@ -113,7 +123,8 @@ std::optional<QList<bool>> bookList(const QString &list, int count)
     return books;
 }
 
-int searchCommand(const clsBible &bible, const QString &folder, QStringList args, bool concordance = false)
+int searchCommand(const clsBible &bible, const QString &folder, QStringList args,
+                  bool concordance = false)
 {
     bool wholeWord = false;
     GeneralSettings general;
@@ -154,11 +165,13 @@ int searchCommand(const clsBible &bible, const QString &folder, QStringList args
     const QString query = args.join(u' ');
 
     if (mode) {
-        AdvancedSearch::Options options{query, *mode, wholeWord, QList<bool>(bible.BooksCount(), true), limit};
+        AdvancedSearch::Options options{query, *mode, wholeWord,
+                                        QList<bool>(bible.BooksCount(), true), limit};
         if (!books.isEmpty()) {
             const std::optional<QList<bool>> chosen = bookList(books, bible.BooksCount());
             if (!chosen) {
-                err(QStringLiteral("\"%1\" names no books of this translation (1 to %2), such as 1-39 or 1,19,40-43.")
+                err(QStringLiteral("\"%1\" names no books of this translation (1 to %2), such as "
+                                   "1-39 or 1,19,40-43.")
                         .arg(books)
                         .arg(bible.BooksCount()));
                 return Usage;
@@ -166,7 +179,9 @@ int searchCommand(const clsBible &bible, const QString &folder, QStringList args
             options.books = *chosen;
         }
         AdvancedSearch search;
-        search.onOverLimit = [](const QString &message) { platform::MsgBox(message, vb::vbCritical | vb::vbOKOnly); };
+        search.onOverLimit = [](const QString &message) {
+            platform::MsgBox(message, vb::vbCritical | vb::vbOKOnly);
+        };
         const AdvancedSearch::Result result = search.run(bible, options);
         for (const SearchHit &hit : result.hits)
             out(hit.Reference() + u'\n');
@@ -185,13 +200,16 @@ int searchCommand(const clsBible &bible, const QString &folder, QStringList args
     } else {
         const QString number = StrongConcordance::Normalize(query);
         if (number.isEmpty()) {
-            err(u'"' + query + QStringLiteral("\" is not a Strong's number. Type H or G and the number, such as H430 or G26."));
+            err(u'"' + query +
+                QStringLiteral("\" is not a Strong's number. Type H or G and the number, such as "
+                               "H430 or G26."));
             return Problems;
         }
         // The translation asked for when it carries the numbers, else the installed one that does.
         std::unique_ptr<clsBible> other;
         QString otherName;
-        const clsBible *store = StrongConcordance::StoreFor(bible, folder, QString(), other, otherName);
+        const clsBible *store =
+            StrongConcordance::StoreFor(bible, folder, QString(), other, otherName);
         if (!store) {
             err(QStringLiteral("None of the installed translations carries Strong's numbers."));
             return NoInput;
@@ -244,7 +262,8 @@ int notesCommand(clsBible &bible, const QString &folder, QStringList args)
         bytes = platform::ReadFileBytes(file);
         if (!bytes) {
             err(QStringLiteral("The notes file \"%1\" %2.")
-                    .arg(file, platform::FileExists(file) ? QStringLiteral("cannot be read") : QStringLiteral("does not exist")));
+                    .arg(file, platform::FileExists(file) ? QStringLiteral("cannot be read")
+                                                          : QStringLiteral("does not exist")));
             return NoInput;
         }
     }
@@ -259,7 +278,8 @@ int notesCommand(clsBible &bible, const QString &folder, QStringList args)
     QString markup = platform::DecodeText(*bytes).text;
     if (!markup.startsWith(QStringLiteral("{\\rtf")))
         markup = NotesStore::RtfFromPlainText(markup);
-    const QString reason = notes.Write(chapter.testament, chapter.book, chapter.chapterFrom, markup);
+    const QString reason =
+        notes.Write(chapter.testament, chapter.book, chapter.chapterFrom, markup);
     if (!reason.isEmpty()) {
         const QString path = notes.BookPath(chapter.testament, chapter.book);
         err(path.isEmpty() ? reason
@@ -322,7 +342,9 @@ int main(int argc, char **argv)
     if (command == u"settings")
         return args.isEmpty() ? SettingsCommand(folder) : usage();
     if (command == u"bookmarks" && !args.isEmpty())
-        return args.size() == 3 && args.first() == u"add" ? AddBookmark(folder, args.at(1), args.at(2)) : usage();
+        return args.size() == 3 && args.first() == u"add"
+                   ? AddBookmark(folder, args.at(1), args.at(2))
+                   : usage();
     if (command == u"dictionary" || command == u"names") {
         if (args.size() != 1)
             return usage();
@@ -347,7 +369,8 @@ int main(int argc, char **argv)
 
     if (translation.isEmpty())
         translation = defaultTranslation(folder);
-    QString translationPath = QDir::isAbsolutePath(translation) ? translation : ProgramFile(folder, translation);
+    QString translationPath =
+        QDir::isAbsolutePath(translation) ? translation : ProgramFile(folder, translation);
     if (translation.isEmpty() || !TranslationList::IsTranslation(translationPath)) {
         err(QStringLiteral("No translation \"%1\" in %2 (a translation folder holds bible.dat).")
                 .arg(translation, QDir::toNativeSeparators(folder)));
@@ -365,7 +388,8 @@ int main(int argc, char **argv)
         if (!args.isEmpty())
             return usage();
         for (int b = 1; b <= bible.BooksCount(); ++b)
-            out(QString::number(b) + u'\t' + bible.BookName(b) + u'\t' + QString::number(bible.Chapters(b)) + u'\n');
+            out(QString::number(b) + u'\t' + bible.BookName(b) + u'\t' +
+                QString::number(bible.Chapters(b)) + u'\n');
         return Ok;
     }
     if (command == u"search")

@@ -92,7 +92,7 @@ bool ReadBible(sword::SWModule *module, const BibleOptions &options, ImportLog &
         seen.insert(canon);
         const BookInfo &info = CanonBooks()[size_t(canon)];
         const QString ownName = options.bookNames.value(canon);
-        BookText plainBook{!ownName.isEmpty()         ? ownName
+        BookText plainBook{!ownName.isEmpty()     ? ownName
                            : options.spanishNames ? info.spanish
                                                   : info.english,
                            info.testament,

@@ -39,8 +39,10 @@ int usage(QTextStream &err)
 {
     err << "usage: quillstone-import --out PROGRAM_FOLDER [--modules LIST] [--conf DIR] "
            "[--sword DIR]\n"
-           "       quillstone-import --module NAME [--sword DIR] --out PROGRAM_FOLDER [--folder FOLDER]\n"
-           "  NAME   an installed SWORD Bible module (quillstone-cli modules lists them), imported\n"
+           "       quillstone-import --module NAME [--sword DIR] --out PROGRAM_FOLDER [--folder "
+           "FOLDER]\n"
+           "  NAME   an installed SWORD Bible module (quillstone-cli modules lists them), "
+           "imported\n"
            "         into PROGRAM_FOLDER/FOLDER (FOLDER defaults to NAME); --sword defaults to\n"
            "         ~/.sword, then /usr/share/sword\n"
            "  LIST   comma-separated parts to write (default all): "
@@ -96,7 +98,8 @@ int main(int argc, char *argv[])
     // Our corrected configuration files: in the sources, or beside an installed importer.
     QString confDir = QStringLiteral(QS_IMPORT_CONF_DIR);
     if (!QFileInfo(confDir).isDir())
-        confDir = QCoreApplication::applicationDirPath() + QStringLiteral("/../share/quillstone-import/mods.d");
+        confDir = QCoreApplication::applicationDirPath() +
+                  QStringLiteral("/../share/quillstone-import/mods.d");
     QString swordDir;
     QString moduleName;
     QString folderName;
@@ -123,7 +126,8 @@ int main(int argc, char *argv[])
     if (outDir.isEmpty() || (moduleName.isEmpty() && !folderName.isEmpty()))
         return usage(err);
     if (!moduleName.isEmpty()) {
-        const QStringList libraries = swordDir.isEmpty() ? DefaultLibraryFolders() : QStringList{swordDir};
+        const QStringList libraries =
+            swordDir.isEmpty() ? DefaultLibraryFolders() : QStringList{swordDir};
         return ImportModule({moduleName, libraries, outDir, folderName}, out, err);
     }
     if (swordDir.isEmpty())
@@ -221,8 +225,8 @@ int main(int argc, char *argv[])
                 text.plain.write(root + u'/' + o.folder, log, o.folder);
                 // The WEB numbers a few verses unlike the KJV; the file says which.
                 const QString system = QString::fromUtf8(module->getConfigEntry("Versification"));
-                if (const std::optional<VerseNumbering> numbering =
-                        ModuleNumbering(system.isEmpty() ? QStringLiteral("KJV") : system, text.osisIds))
+                if (const std::optional<VerseNumbering> numbering = ModuleNumbering(
+                        system.isEmpty() ? QStringLiteral("KJV") : system, text.osisIds))
                     WriteTextFile(root + u'/' + o.folder + u'/' + VerseNumbering::FileName(),
                                   numbering->Lines(), log, o.folder);
                 else

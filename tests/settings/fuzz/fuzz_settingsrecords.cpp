@@ -25,13 +25,12 @@ QByteArray fileBytes(const QString &path)
 
 // A file read into a record and written back as it stands is unchanged: a record that was read
 // gives back its bytes, and a missing one (a short file) is replaced by the defaults.
-template<typename Record>
+template <typename Record>
 void checkRoundTrip(const QString &path, const QByteArray &before, const Record &record)
 {
     const QByteArray after = fileBytes(path);
-    const QByteArray wanted = before.size() >= Record::RecordLength
-                                  ? before
-                                  : Record::Defaults().toBytes();
+    const QByteArray wanted =
+        before.size() >= Record::RecordLength ? before : Record::Defaults().toBytes();
     if (after != wanted || record.toBytes().size() != Record::RecordLength) {
         std::fprintf(stderr, "%s was changed by writing back what was read\n", qPrintable(path));
         std::abort();

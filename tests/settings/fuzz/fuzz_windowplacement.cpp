@@ -1,8 +1,8 @@
 // Window placement read from a "window.ini" of any text (the input): the rectangle fitted on a
 // screen lies on it at no less than the smallest size; a window restored from the file lies on the
 // screen, and closing it writes back where it is, keeping every value that it was not moved from.
-#include "settings/ProgramSettings.h"
 #include "platform/Twips.h"
+#include "settings/ProgramSettings.h"
 #include "settings/WindowPlacement.h"
 #include "tests/fuzz/FuzzApplication.h"
 #include "tests/fuzz/FuzzSupport.h"
@@ -90,7 +90,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     checkFitted(outer, QRect(-before[0], -before[1], 4 * kMinimum.width(), 4 * kMinimum.height()));
 
     WindowPlacement placement(&window, kSection,
-                              WindowPlacement::Position | WindowPlacement::Size | WindowPlacement::State);
+                              WindowPlacement::Position | WindowPlacement::Size |
+                                  WindowPlacement::State);
     placement.addSplitter(splitter, {QStringLiteral("split0"), QStringLiteral("split1")});
     placement.addTab(tabs);
     placement.restore();

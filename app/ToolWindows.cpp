@@ -50,20 +50,21 @@ void ToolWindows::stories()
 
 void ToolWindows::parables()
 {
-    m_parables.open([this] {
-        auto *window = new frmParables(m_main, m_window);
-        window->SetDataFile(DataFiles::Path(DataFiles::File::Parables));
-        window->SetTag(frmParables::ParablesTag);
-        return window;
-    });
+    gospelParallels(m_parables, DataFiles::File::Parables, frmParables::ParablesTag);
 }
 
 void ToolWindows::miracles()
 {
-    m_miracles.open([this] {
+    gospelParallels(m_miracles, DataFiles::File::Miracles, frmParables::MiraclesTag);
+}
+
+void ToolWindows::gospelParallels(ToolWindowSlot<frmParables> &slot, DataFiles::File file,
+                                  const QString &tag)
+{
+    slot.open([this, file, &tag] {
         auto *window = new frmParables(m_main, m_window);
-        window->SetDataFile(DataFiles::Path(DataFiles::File::Miracles));
-        window->SetTag(frmParables::MiraclesTag);
+        window->SetDataFile(DataFiles::Path(file));
+        window->SetTag(tag);
         return window;
     });
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "library/DataFiles.h"
 #include "library/ToolWindowSlot.h"
 
 #include <QString>
@@ -46,6 +47,10 @@ public:
     void verseOfDay(int show);
 
 private:
+    // The parables or the miracles: one window of each, told apart by its tag.
+    void gospelParallels(ToolWindowSlot<frmParables> &slot, DataFiles::File file,
+                         const QString &tag);
+
     MainWindowLink &m_main;
     QWidget *m_window;
     ToolWindowSlot<frmDictionary> m_dictionary;

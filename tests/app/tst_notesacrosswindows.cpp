@@ -108,15 +108,7 @@ private slots:
             QStringLiteral("3 Text of Genesis 3:3 {H430}");
         makeTranslation(m_dir.path(), QStringLiteral("TEST"), wholeBible(special),
                         QStringLiteral("Test Version"));
-        QList<Book> commentary = wholeBible();
-        for (Book &book : commentary) {
-            book.lines.clear();
-            for (int c = 1; c <= 3; ++c)
-                book.lines << QStringLiteral("CHAPTER %1").arg(c)
-                           << QStringLiteral("On %1 chapter %2.").arg(book.name).arg(c);
-        }
-        makeTranslation(m_dir.path(), QStringLiteral("tvc"), commentary);
-        QFile::remove(file(QStringLiteral("tvc/bible.dat")));
+        makeCommentary(m_dir.path());
         writeFile(file(QStringLiteral("verses.dat")), "2Timothy 1:2\r\nLuke 2:1\r\n");
         writeFile(file(QStringLiteral("parables.dat")),
                   "Parables\r\nThe sower|Matthew 2:1|Mark 2:1|Luke 2:1|\r\n");

@@ -82,17 +82,7 @@ private slots:
     {
         makeTranslation(m_dir.path(), QStringLiteral("TEST"), wholeBible(),
                         QStringLiteral("Test Version"));
-        QList<Book> commentary = wholeBible();
-        for (Book &book : commentary) {
-            book.lines.clear();
-            for (int c = 1; c <= 3; ++c)
-                book.lines << QStringLiteral("CHAPTER %1").arg(c)
-                           << QStringLiteral("On %1 chapter %2.").arg(book.name).arg(c);
-        }
-        makeTranslation(m_dir.path(), QStringLiteral("tvc"), commentary,
-                        QStringLiteral("Commentary"));
-        // The commentary is no translation of its own.
-        QFile::remove(m_dir.filePath(QStringLiteral("tvc/bible.dat")));
+        makeCommentary(m_dir.path());
         writeFile(m_dir.filePath(QStringLiteral("window.ini")), "[load]\r\nautoload=0\r\n");
     }
 

@@ -126,4 +126,19 @@ inline QList<Book> wholeBible(const QList<Book> &special = {})
     return books;
 }
 
+// The commentary folder "tvc": every book's three chapters say "On Book chapter n." It has no
+// bible.dat, as the commentary is no translation of its own.
+inline void makeCommentary(const QString &root)
+{
+    QList<Book> commentary = wholeBible();
+    for (Book &book : commentary) {
+        book.lines.clear();
+        for (int c = 1; c <= 3; ++c)
+            book.lines << QStringLiteral("CHAPTER %1").arg(c)
+                       << QStringLiteral("On %1 chapter %2.").arg(book.name).arg(c);
+    }
+    makeTranslation(root, QStringLiteral("tvc"), commentary);
+    QFile::remove(root + QStringLiteral("/tvc/bible.dat"));
+}
+
 } // namespace fixture

@@ -303,9 +303,13 @@ private slots:
         ProgramHarness program(m_dir.path());
         QVERIFY(program.start(QStringLiteral("PSA")));
         getReference(program, QStringLiteral("Psalm 23"));
+        // Opening a translation rebuilds the menu, so the entry is found before it is chosen.
+        QAction *synodal = nullptr;
         for (QAction *entry : program.control<QMenu>("mnuTranslations")->actions())
             if (entry->text() == QStringLiteral("Synodal Version"))
-                entry->trigger();
+                synodal = entry;
+        QVERIFY(synodal);
+        synodal->trigger();
         QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("PSALMS 22"));
         QCOMPARE(program.control<QListWidget>("lstChapters")->currentItem()->text(),
                  QStringLiteral("22"));

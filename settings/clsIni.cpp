@@ -109,6 +109,12 @@ QByteArray iniBytes(const IniFile &file)
     for (const IniLine &line : file.lines)
         text += line.text + line.end;
     const QByteArray bytes = platform::EncodeText(text, file.encoding);
+    // Once a write has replaced the last bytes that were not UTF-8, the single-byte rest can form
+    // valid UTF-8 (a mark's three bytes as "ï»¿" among them) and would read back as other letters:
+    // such text is written as UTF-8.
+    if (file.encoding == platform::TextEncoding::Windows1252 &&
+        platform::DecodeText(bytes).encoding == platform::TextEncoding::Utf8)
+        return text.toUtf8();
     return file.bom ? Utf8Bom + bytes : bytes;
 }
 

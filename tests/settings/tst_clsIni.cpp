@@ -98,6 +98,9 @@ private slots:
         QTest::newRow("Windows-1252 stays single-byte")
             << QByteArray("[a]\r\nname=Caf\xe9\r\n") << "a" << "x" << "\u00e9"
             << QByteArray("[a]\r\nname=Caf\xe9\r\nx=\xe9\r\n");
+        QTest::newRow("single-byte text that would read as UTF-8 is written as UTF-8")
+            << QByteArray("[a]\r\nx=\xff\r\ny=\xc3\xa9\r\n") << "a" << "x" << "1"
+            << QByteArray("[a]\r\nx=1\r\ny=\xc3\x83\xc2\xa9\r\n");
         QTest::newRow("UTF-8 mark kept") << QByteArray("\xEF\xBB\xBF[a]\r\nx=1\r\n") << "a"
                                          << "x" << "2" << QByteArray("\xEF\xBB\xBF[a]\r\nx=2\r\n");
         QTest::newRow("line break in a value")

@@ -9,7 +9,6 @@
 #include "settings/WindowPlacement.h"
 #include "settings/basSettings.h"
 
-#include <QApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -90,17 +89,6 @@ void frmParables::SetTag(const QString &tag)
         setWindowTitle(tr("Miracles of Jesus Christ"));
     else if (tag == ParablesTag)
         setWindowTitle(tr("Parables of Jesus Christ"));
-}
-
-frmParables *frmParables::FindOpen(const QString &tag)
-{
-    // The windows in the order the application holds them, the first with the tag wins.
-    for (QWidget *window : QApplication::topLevelWidgets()) {
-        auto *list = qobject_cast<frmParables *>(window);
-        if (list && list->Tag() == tag && !list->isHidden())
-            return list;
-    }
-    return nullptr;
 }
 
 void frmParables::lstParables_Click()

@@ -40,9 +40,6 @@ public:
     QString Tag() const { return m_tag; }
     void SetTag(const QString &tag);
 
-    // The open window of the program that carries the tag, if any.
-    static frmParables *FindOpen(const QString &tag);
-
 private slots:
     void lstParables_Click();
 

@@ -14,6 +14,7 @@
 #include "platform/RichTextBox.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QDirIterator>
 #include <QLabel>
 #include <QLineEdit>
@@ -59,6 +60,17 @@ template <typename Window> Window *window(ProgramHarness &program)
     if (!found)
         qFatal("the window is not open");
     return found;
+}
+
+// The parables or the miracles window on show, by its tag.
+frmParables *openList(const QString &tag)
+{
+    for (QWidget *window : QApplication::topLevelWidgets()) {
+        auto *list = qobject_cast<frmParables *>(window);
+        if (list && list->Tag() == tag && list->isVisible())
+            return list;
+    }
+    qFatal("the list is not open");
 }
 
 void trigger(ProgramHarness &program, const char *action)
@@ -154,11 +166,11 @@ private slots:
         }) << "GENESIS 1";
         QTest::newRow("parable") << Action([](ProgramHarness &program) {
             trigger(program, "mnuReferencesParables");
-            clickRow(list(frmParables::FindOpen(frmParables::ParablesTag), "lstParables"), 0);
+            clickRow(list(openList(frmParables::ParablesTag), "lstParables"), 0);
         }) << "GENESIS 1";
         QTest::newRow("miracle") << Action([](ProgramHarness &program) {
             trigger(program, "mnuReferencesMiracles");
-            clickRow(list(frmParables::FindOpen(frmParables::MiraclesTag), "lstParables"), 0);
+            clickRow(list(openList(frmParables::MiraclesTag), "lstParables"), 0);
         }) << "GENESIS 1";
         QTest::newRow("prophecy") << Action([](ProgramHarness &program) {
             trigger(program, "mnuReferencesProphecies");

@@ -78,7 +78,6 @@ private slots:
 
         program.control<QAction>("mnuReferencesParables")->trigger();
         QCOMPARE(openLists().size(), 2);
-        QVERIFY(frmParables::FindOpen(QStringLiteral("PARABLES")) != miracles);
         program.control<QAction>("mnuReferencesParables")->trigger();
         QCOMPARE(openLists().size(), 2);
 

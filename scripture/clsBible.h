@@ -59,7 +59,6 @@ public:
     int BookNumber() const { return m_last.bookNumber; }
     QString CurrentBook() const { return m_last.book; }
     int CurrentChapter() const { return m_last.chapterFrom; }
-    const Passage &Last() const { return m_last; }
 
     // The trimmed name of a book; the number is clamped to 1..BooksCount.
     QString BookName(int number) const;

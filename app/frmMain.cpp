@@ -113,6 +113,19 @@ void frmMain::connectCommands()
             &QAction::trigger);
     connect(m_menus, &MainMenus::bookmarkChosen, this, &frmMain::showBookmark);
     connect(m_menus, &MainMenus::translationChosen, this, &frmMain::translationChosen);
+    // A reference clicked in the side-by-side view opens in its own translation, on the
+    // passage tab.
+    connect(m_study, &StudyTabs::parallelReferenceChosen, this,
+            [this](const QString &folder, const QString &reference) {
+                if (folder.compare(m_translationFolder, Qt::CaseInsensitive) != 0) {
+                    emit translationChosen(folder);
+                    // Kept on the translation open (unsaved notes that could not be saved).
+                    if (folder.compare(m_translationFolder, Qt::CaseInsensitive) != 0)
+                        return;
+                }
+                m_study->showPassageTab();
+                GoToReference(reference);
+            });
 
     const auto shown = [this] { return m_study->shownView(); };
     const auto passage = [this] { return m_study->passageView(); };

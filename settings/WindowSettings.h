@@ -48,6 +48,8 @@ inline constexpr Number PrintBottom{u"print", u"bottom", 20};
 inline constexpr Number PrintLeft{u"print", u"left", 20};
 inline constexpr Number PrintRight{u"print", u"right", 20};
 inline constexpr Text PrintPdfFile{u"print", u"pdffile"};
+// The translations read side by side: two to four folder names, separated by commas.
+inline constexpr Text ParallelTranslations{u"parallel", u"translations"};
 
 // Through the program's own store.
 bool Get(const Flag &flag);

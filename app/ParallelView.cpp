@@ -18,11 +18,8 @@
 
 namespace {
 
-// Where a cell's reference points: the column and the row, as the table's links carry them.
-QString linkOf(int column, qsizetype row)
-{
-    return QStringLiteral("parallel:%1:%2").arg(column).arg(row);
-}
+// The link every cell's reference carries; the cell is known by where it is.
+const QString kReferenceLink = QStringLiteral("parallel:reference");
 
 // A verse's text as the passage shows it: words in square brackets in italics, text in braces
 // raised (the marks of the book files).
@@ -234,16 +231,20 @@ void ParallelView::rebuild()
         }
     }
 
-    QTextDocument *document = m_view->document();
+    // A new document, put into the view whole: the view then lays out only what it shows and the
+    // rest a part at a time, as it does a long chapter.
+    auto *document = new QTextDocument(m_view);
+    document->setUndoRedoEnabled(false);
+    document->setDefaultFont(m_view->font());
     const QColor back = platform::WindowsColorToQColor(m_style.BackColor);
     const QColor fore = platform::WindowsColorToQColor(m_style.ForeColor);
-    document->clear();
     QTextCursor cursor(document);
     QTextCharFormat text;
     text.setForeground(fore);
+    m_tableRows.clear();
     if (!problem.isEmpty()) {
         cursor.insertText(problem, text);
-        m_view->setSelStart(0);
+        m_view->setDocument(document);
         return;
     }
 
@@ -253,68 +254,93 @@ void ParallelView::rebuild()
     title.setFontWeight(QFont::Bold);
     cursor.insertText(heading, title);
 
+    // Each row is a table of its own with the same columns, so that the view can lay out the rows
+    // on show first.
     QTextTableFormat tableFormat;
-    tableFormat.setBorder(1);
-    tableFormat.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
-    tableFormat.setBorderBrush(mix(back, fore, 0.25));
-    tableFormat.setBorderCollapse(true);
+    tableFormat.setBorder(0);
     tableFormat.setCellPadding(4);
     tableFormat.setCellSpacing(0);
-    tableFormat.setHeaderRowCount(1);
+    tableFormat.setMargin(0);
     tableFormat.setWidth(QTextLength(QTextLength::PercentageLength, 100));
     QList<QTextLength> widths;
     for (qsizetype c = 0; c < m_columns.size(); ++c)
         widths << QTextLength(QTextLength::PercentageLength, 100.0 / double(m_columns.size()));
     tableFormat.setColumnWidthConstraints(widths);
-    QTextTable *table =
-        cursor.insertTable(int(m_rows.size()) + 1, int(m_columns.size()), tableFormat);
+    QTextBlockFormat between;
+    between.setLineHeight(0, QTextBlockFormat::FixedHeight);
+    QTextCharFormat tiny;
+    tiny.setFontPointSize(1);
+    const QBrush rule(mix(back, fore, 0.25));
+    const auto cellFormat = [&](qsizetype column, bool missing) {
+        QTextTableCellFormat format;
+        format.setBottomBorder(1);
+        format.setBottomBorderBrush(rule);
+        format.setBottomBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+        if (column + 1 < m_columns.size()) {
+            format.setRightBorder(1);
+            format.setRightBorderBrush(rule);
+            format.setRightBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+        }
+        if (missing)
+            format.setBackground(mix(back, fore, 0.08));
+        return format;
+    };
+    const auto addRow = [&] {
+        // The line the document keeps between two tables takes no room.
+        cursor.movePosition(QTextCursor::End);
+        if (cursor.block().length() <= 1) {
+            cursor.setBlockFormat(between);
+            cursor.setBlockCharFormat(tiny);
+        }
+        return cursor.insertTable(1, int(m_columns.size()), tableFormat);
+    };
 
+    QTextTable *table = addRow();
     for (qsizetype c = 0; c < m_columns.size(); ++c) {
-        QTextCursor cell = table->cellAt(0, int(c)).firstCursorPosition();
-        cell.insertText(m_columns.at(c), title);
+        QTextTableCell cell = table->cellAt(0, int(c));
+        cell.setFormat(cellFormat(c, false));
+        cell.firstCursorPosition().insertText(m_columns.at(c), title);
     }
 
     QTextCharFormat reference = text;
     reference.setFontWeight(QFont::Bold);
     reference.setAnchor(true);
+    reference.setAnchorHref(kReferenceLink);
     QTextCharFormat missing = text;
     missing.setFontItalic(true);
     missing.setForeground(mix(back, fore, 0.55));
-    QTextTableCellFormat lacking;
-    lacking.setBackground(mix(back, fore, 0.08));
     for (qsizetype r = 0; r < m_rows.size(); ++r) {
         const ParallelRow &row = m_rows.at(r);
+        table = addRow();
+        m_tableRows.insert(table, r);
         for (qsizetype c = 0; c < row.cells.size(); ++c) {
             const ParallelCell &verse = row.cells.at(c);
-            QTextTableCell cell = table->cellAt(int(r) + 1, int(c));
+            QTextTableCell cell = table->cellAt(0, int(c));
+            cell.setFormat(cellFormat(c, verse.isEmpty()));
             QTextCursor at = cell.firstCursorPosition();
             if (verse.isEmpty()) {
                 // Marked, so that a verse a translation lacks is not taken for a blank line.
-                cell.setFormat(lacking);
                 at.insertText(tr("(not in %1)").arg(m_columns.at(c)), missing);
                 continue;
             }
-            reference.setAnchorHref(linkOf(int(c), r));
             at.insertText(verse.reference, reference);
             at.insertText(QStringLiteral(" "), text);
             insertVerseText(at, verse.text, text);
         }
     }
-    m_view->setSelStart(0);
+    m_view->setDocument(document);
 }
 
 std::pair<int, qsizetype> ParallelView::cellAt(const QPoint &point) const
 {
-    const QString link = m_view->anchorAt(point);
-    const QStringList parts = link.split(u':');
-    if (parts.size() != 3 || parts.first() != u"parallel")
+    if (m_view->anchorAt(point) != kReferenceLink)
         return {-1, -1};
-    bool okColumn = false;
-    bool okRow = false;
-    const int column = parts.at(1).toInt(&okColumn);
-    const qsizetype row = parts.at(2).toLongLong(&okRow);
-    if (!okColumn || !okRow || row < 0 || row >= m_rows.size() || column < 0 ||
-        column >= m_columns.size() || row >= m_rows.size())
+    const QTextCursor cursor = m_view->cursorForPosition(point);
+    const QTextTable *table = cursor.currentTable();
+    const qsizetype row = table ? m_tableRows.value(table, -1) : -1;
+    const int column = table ? table->cellAt(cursor).column() : -1;
+    if (row < 0 || row >= m_rows.size() || column < 0 || column >= m_columns.size() ||
+        m_rows.at(row).cells.at(column).isEmpty())
         return {-1, -1};
     return {column, row};
 }

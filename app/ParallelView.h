@@ -14,6 +14,7 @@
 #include <memory>
 
 class QComboBox;
+class QTextTable;
 namespace platform {
 class RichTextBox;
 }
@@ -72,5 +73,7 @@ private:
     bool m_filling = false;
     QStringList m_columns; // the folders of the table on show
     QList<ParallelRow> m_rows;
+    // The table of each row in the view (one table a row), to know a clicked cell's row.
+    QHash<const QTextTable *, qsizetype> m_tableRows;
     QHash<QString, std::shared_ptr<clsBible>> m_open;
 };

@@ -29,17 +29,15 @@ QStringList psalms(const QString &name, int chapters, const QHash<int, int> &cou
     return fixture::chapters(name, verses);
 }
 
-// The table's rows in the view's plain text (cells by tabs, rows by CR LF), after the passage's
-// heading.
+// The table's rows in the view's plain text (cells by tabs, rows by CR LF, an empty line between
+// two rows), after the passage's heading.
 QStringList rows(ProgramHarness &program, const QString &heading = QString())
 {
-    QStringList lines =
-        program.control<platform::RichTextBox>("rtfParallel")->Text().split(QStringLiteral("\r\n"));
+    const QStringList lines = program.control<platform::RichTextBox>("rtfParallel")
+                                  ->Text()
+                                  .split(QStringLiteral("\r\n"), Qt::SkipEmptyParts);
     if (!heading.isEmpty() && lines.value(0) != heading)
         return {QStringLiteral("heading: ") + lines.join(u"/")};
-    // The document goes on after its table with an empty line.
-    if (lines.size() > 1 && lines.last().isEmpty())
-        lines.removeLast();
     return lines.mid(1);
 }
 

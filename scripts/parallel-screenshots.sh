@@ -14,13 +14,12 @@ out=$(cd "$2" && pwd)
 scratch=$(mktemp -d)
 program=$scratch/program
 mkdir -p "$program" "$scratch/sword/mods.d" "$scratch/sword/modules/texts/ztext/syndemo"
-for name in KJV WEB RV1909 tvc; do
-    ln -s "$source_program/$name" "$program/$name"
+# Everything of the program folder as it is, but the settings the pictures change.
+for path in "$source_program"/*; do
+    ln -s "$path" "$program/$(basename "$path")"
 done
-for name in general.cfg display.cfg window.ini; do
-    cp "$source_program/$name" "$program/"
-done
-ln -s "$source_program/quillstone" "$program/quillstone"
+rm "$program/window.ini"
+cp "$source_program/window.ini" "$program/"
 
 sh "$(dirname "$0")/setup.sh" libsword-utils
 
@@ -29,7 +28,7 @@ python3 - "$source_program/KJV/oldtest/PSALMS.dat" "$scratch/syndemo.osis.xml" <
 import sys
 from xml.sax.saxutils import escape
 
-lines = open(sys.argv[1], encoding="cp1252").read().split("\r\n")
+lines = open(sys.argv[1], encoding="cp1252", newline="").read().split("\r\n")
 chapters, current = {}, None
 for line in lines:
     if line.upper().startswith("CHAPTER"):
@@ -39,7 +38,10 @@ for line in lines:
         chapters[current].append(line.split(" ", 1)[1])
 title, _, first = chapters[9][0].partition("David. ")
 verses = [title + "David.", first] + chapters[9][1:] + chapters[10]
-body = "".join(f'<verse osisID="Ps.9.{n}">{escape(text)}</verse>'
+# Words in square brackets were added by the translators, as OSIS marks them.
+added = {"[": '<transChange type="added">', "]": "</transChange>"}
+body = "".join(f'<verse osisID="Ps.9.{n}">'
+               + "".join(added.get(c, escape(c)) for c in text) + "</verse>"
                for n, text in enumerate(verses, start=1))
 open(sys.argv[2], "w", encoding="utf-8").write(
     '<?xml version="1.0" encoding="UTF-8"?>\n'

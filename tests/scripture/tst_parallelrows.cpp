@@ -61,7 +61,10 @@ QStringList hebrewLines()
 {
     QStringList lines{QStringLiteral("Leningrad"), QStringLiteral("BOOKS Ps Jonah Mal Rom")};
     lines << shifted("TOKJV", "Mal.3", 19, "Mal.4", 1, 6)
-          << shifted("FROMKJV", "Mal.4", 1, "Mal.3", 19, 6);
+          << shifted("FROMKJV", "Mal.4", 1, "Mal.3", 19, 6)
+          // A verse of its own in Jonah 1, which moves the rest of the chapter on by one.
+          << QStringLiteral("TOKJV Jonah.1.9 -") << shifted("TOKJV", "Jonah.1", 10, "Jonah.1", 9, 9)
+          << shifted("FROMKJV", "Jonah.1", 9, "Jonah.1", 10, 9);
     return lines;
 }
 
@@ -113,7 +116,7 @@ private slots:
         const QString heb = fixture::makeTranslation(
             m_root.path(), QStringLiteral("HEB"),
             {Book{QStringLiteral("Psalms"), false, book("Psalms", 23, {{9, 20}, {10, 18}})},
-             Book{QStringLiteral("Jonah"), false, book("Jonah", 4, {{1, 17}, {2, 10}})},
+             Book{QStringLiteral("Jonah"), false, book("Jonah", 4, {{1, 18}, {2, 10}})},
              Book{QStringLiteral("Malachi"), false, book("Malachi", 3, {{3, 24}})},
              Book{QStringLiteral("Romans"), true, romans}});
         fixture::writeFile(heb + QStringLiteral("/versification.dat"),
@@ -218,6 +221,14 @@ private slots:
                              QStringLiteral("MALACHI 3:18|") + text("Malachi", 3, 18)},
                             {QStringLiteral("MALACHI 3:19|") + text("Malachi", 3, 19),
                              QStringLiteral("MALACHI 4:1|") + text("Malachi", 4, 1)}};
+
+        QTest::newRow("a verse only the second has stands after the one before it")
+            << QStringList{"KJV", "HEB"} << "Jonah 1:8-9"
+            << QList<Cells>{{QStringLiteral("JONAH 1:8|") + text("Jonah", 1, 8),
+                             QStringLiteral("JONAH 1:8|") + text("Jonah", 1, 8)},
+                            {QString(), QStringLiteral("JONAH 1:9|") + text("Jonah", 1, 9)},
+                            {QStringLiteral("JONAH 1:9|") + text("Jonah", 1, 9),
+                             QStringLiteral("JONAH 1:10|") + text("Jonah", 1, 10)}};
 
         QTest::newRow("a psalm only one numbering has")
             << QStringList{"SYN", "KJV"} << "Psalm 151:1-2"

@@ -93,13 +93,13 @@ ParallelView::~ParallelView() = default;
 
 void ParallelView::fillChoosers()
 {
-    m_installed = TranslationList::List(m_programFolder);
+    const QList<InstalledTranslation> installed = TranslationList::List(m_programFolder);
     QStringList wanted =
         WindowSettings::Get(WindowSettings::ParallelTranslations).split(u',', Qt::SkipEmptyParts);
     // At first: the translation open in the main window and the next installed one.
     if (wanted.size() < ParallelRows::MinTranslations) {
         wanted = {m_main.VersionInitial()};
-        for (const InstalledTranslation &t : std::as_const(m_installed)) {
+        for (const InstalledTranslation &t : installed) {
             if (t.folder.compare(wanted.first(), Qt::CaseInsensitive) != 0) {
                 wanted << t.folder;
                 break;
@@ -113,7 +113,7 @@ void ParallelView::fillChoosers()
         // The first two columns are always there; the others may be left out.
         if (i >= ParallelRows::MinTranslations)
             chooser->addItem(tr("(none)"), QString());
-        for (const InstalledTranslation &t : std::as_const(m_installed)) {
+        for (const InstalledTranslation &t : installed) {
             chooser->addItem(t.folder, t.folder);
             chooser->setItemData(chooser->count() - 1, t.displayName, Qt::ToolTipRole);
         }
@@ -134,14 +134,6 @@ QStringList ParallelView::chosen() const
             folders << folder;
     }
     return folders;
-}
-
-void ParallelView::choose(const QStringList &folders)
-{
-    WindowSettings::Set(WindowSettings::ParallelTranslations,
-                        folders.mid(0, ParallelRows::MaxTranslations).join(u','));
-    fillChoosers();
-    chooserChanged();
 }
 
 void ParallelView::chooserChanged()

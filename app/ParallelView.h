@@ -37,9 +37,6 @@ public:
     platform::RichTextBox *view() const { return m_view; }
     // The folder names of the translations in the columns, in order.
     QStringList chosen() const;
-    // Puts other translations in the columns (unknown names and names past the fourth are left
-    // out) and remembers them.
-    void choose(const QStringList &folders);
 
     // The passage shown: the main window's chapter on display, in its own numbering. The table
     // is built at once when the view is on show, else the next time it is shown.
@@ -64,7 +61,6 @@ private:
 
     const clsBible &m_main;
     QString m_programFolder;
-    QList<InstalledTranslation> m_installed;
     QList<QComboBox *> m_choosers;
     platform::RichTextBox *m_view = nullptr;
     TextStyle m_style;

@@ -12,6 +12,7 @@ set -eu
 source_program=$(cd "$1" && pwd)
 out=$(cd "$2" && pwd)
 scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
 program=$scratch/program
 mkdir -p "$program" "$scratch/sword/mods.d" "$scratch/sword/modules/texts/ztext/syndemo"
 # Everything of the program folder as it is, but the settings the pictures change.
@@ -68,7 +69,8 @@ EOF
 "$source_program/quillstone-import" --module SYNDEMO --sword "$scratch/sword" --out "$program" >/dev/null
 
 . "$(dirname "$0")/session.sh"
-trap 'rm -rf "$scratch"' EXIT
+# The settings are the scratch folder's own: nothing to put back, only the scratch folder to go.
+trap 'rm -rf "$scratch" "$saved_ini"' EXIT
 
 # The window large enough for three columns, on the screen.
 sed -i "/^\[main\]/,/^\[/ { s/^left=.*/left=600\r/; s/^top=.*/top=300\r/; s/^width=.*/width=18600\r/; s/^height=.*/height=12000\r/ }" \

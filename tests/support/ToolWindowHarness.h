@@ -3,10 +3,12 @@
 // For tests of the reference windows: the main window as those windows see it, recording what it
 // was asked to do, and a window opened as the main window opens it, closed and gone when the test
 // ends even when a check failed.
+#include "Controls.h"
 #include "TranslationFixture.h"
 #include "library/MainWindowLink.h"
 #include "scripture/clsBible.h"
 #include "settings/ProgramSettings.h"
+#include "settings/clsIni.h"
 
 #include <QList>
 #include <QListWidget>
@@ -59,6 +61,14 @@ inline void useSettings(const QString &programFolder, const QByteArray &windowIn
     ProgramSettings::instance().rememberWindows = windowIni.contains("rememberwindowsetting=1");
 }
 
+// A number the program folder's "window.ini" holds, -1 when it is not there.
+inline int iniData(const QString &programFolder, const char *section, const char *key)
+{
+    clsIni ini;
+    ini.Create(programFolder + QStringLiteral("/window.ini"));
+    return ini.Data(QLatin1String(section), QLatin1String(key));
+}
+
 template <typename Window> class OpenedWindow
 {
 public:
@@ -86,10 +96,7 @@ public:
     // A control by its object name; a test that asks for one that is not there stops at once.
     template <typename T> T *control(const char *name) const
     {
-        T *found = m_window->template findChild<T *>(QLatin1String(name));
-        if (!found)
-            qFatal("no control named %s", name);
-        return found;
+        return support::control<T>(m_window.data(), name);
     }
     QStringList entries(const char *name) const
     {

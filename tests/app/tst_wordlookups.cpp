@@ -35,6 +35,13 @@ class TestWordLookups : public QObject
         QTest::mouseClick(view->viewport(), Qt::RightButton, {}, view->cursorRect(cursor).center());
     }
 
+    // Asks the concordance for a number, typed into its input box.
+    static void concordance(ProgramHarness &program, const QString &typed)
+    {
+        support::InputBoxAnswers answer({typed});
+        program.control<QAction>("mnuReferencesConcordance")->trigger();
+    }
+
     static QString caption(ProgramHarness &program)
     {
         return program.control<QAction>("mnuRightclickWord")->text();
@@ -180,10 +187,7 @@ private slots:
         ProgramHarness program(m_dir.path());
         QVERIFY(program.start(QStringLiteral("TAGGED")));
         auto *title = program.control<QLabel>("lbltitle");
-        {
-            support::InputBoxAnswers typed({QStringLiteral(" h0430 ")});
-            program.control<QAction>("mnuReferencesConcordance")->trigger();
-        }
+        concordance(program, QStringLiteral(" h0430 "));
         QCOMPARE(title->text(), QStringLiteral("Search results for \"H430\" (2 matches)"));
         QCOMPARE(
             program.control<platform::RichTextBox>("rtfPassage")->Text(),
@@ -192,16 +196,16 @@ private slots:
                 "Genesis :1 In the beginning God{H430} created{H1254} the heaven.\r\n\r\n"
                 "Genesis 2:1 Thus God{H430} finished.\r\n\r\n"));
         // Not a number: said so, nothing searched.
-        program.main()->ShowConcordance(QStringLiteral("430"));
+        concordance(program, QStringLiteral("430"));
         QCOMPARE(answers.count(), 1);
         QVERIFY(answers.last().prompt.contains(QStringLiteral("is not a Strong's number")));
 
         // A translation without numbers: the tagged one is searched, and the title says so.
-        program.main()->LoadTranslation(QStringLiteral("PLAIN"));
-        program.main()->ShowConcordance(QStringLiteral("G26"));
+        QVERIFY(program.chooseTranslation(QStringLiteral("Plain Version")));
+        concordance(program, QStringLiteral("G26"));
         QCOMPARE(title->text(),
                  QStringLiteral("Search results for \"G26\" in Tagged Version (0 matches)"));
-        program.main()->ShowConcordance(QStringLiteral("H1254"));
+        concordance(program, QStringLiteral("H1254"));
         QCOMPARE(title->text(),
                  QStringLiteral("Search results for \"H1254\" in Tagged Version (1 matches)"));
     }

@@ -8,7 +8,6 @@
 #include "platform/FileSystem.h"
 #include "platform/MsgBoxAnswerer.h"
 #include "platform/RichTextBox.h"
-#include "platform/Version.h"
 
 #include <QAction>
 #include <QApplication>
@@ -33,11 +32,7 @@ class TestFileEdit : public QObject
 
     QTemporaryDir m_dir;
 
-    static QString read(const QString &path)
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-    }
+    static QString read(const QString &path) { return QString::fromUtf8(readFile(path)); }
 
     static frmFind *openFind(ProgramHarness &program, const QString &word, bool wholeWord = false)
     {
@@ -75,7 +70,6 @@ private slots:
         auto *view = program.control<platform::RichTextBox>("rtfPassage");
         const QString text = view->Text();
         frmFind *find = openFind(program, QStringLiteral("light"));
-        QCOMPARE(find->windowTitle(), QStringLiteral("Find within results"));
 
         // Every occurrence in order, whatever its case, then the message once and the top again.
         QList<int> found;
@@ -331,15 +325,8 @@ private slots:
         support::ShellRecorder shellOpens;
         frmAbout about(dir.filePath(QStringLiteral("CREDITS.md")));
         about.show();
-        QCOMPARE(about.objectName(), QStringLiteral("frmAbout"));
-        QCOMPARE(about.windowTitle(), QStringLiteral("About Quillstone Bible System"));
-        QCOMPARE(about.findChild<QLabel *>(QStringLiteral("imgLogo"))->pixmap().toImage(),
-                 frmAbout::AppIcon().pixmap(64).toImage());
-        QCOMPARE(about.findChild<QLabel *>(QStringLiteral("lbltitle"))->text(),
-                 platform::AppTitle());
         QCOMPARE(about.findChild<QLabel *>(QStringLiteral("lblVersion"))->text(),
                  QStringLiteral("1.0.0"));
-        QVERIFY(!about.findChild<QLabel *>(QStringLiteral("lblDisclaimer"))->text().isEmpty());
         QVERIFY(about.findChild<QTextEdit *>()->toPlainText().contains(
             QStringLiteral("Thanks to everyone")));
 

@@ -1,5 +1,6 @@
 // The Add and Organize dialogs driven as a user would, on a program folder of their own: what
 // reaches "bookmarks.dat", what the shared reference list holds, and what the user is told.
+#include "../support/Controls.h"
 #include "../support/TranslationFixture.h"
 #include "bookmarks/Bookmarks.h"
 #include "bookmarks/frmAddBookmark.h"
@@ -15,22 +16,9 @@
 #include <QTest>
 
 using namespace fixture;
+using support::control;
 
 namespace {
-
-QByteArray readAll(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-template <typename T> T *control(QWidget *form, const char *name)
-{
-    T *found = form->findChild<T *>(QLatin1String(name));
-    if (!found)
-        qFatal("no control named %s", name);
-    return found;
-}
 
 void click(QWidget *form, const char *button)
 {
@@ -140,7 +128,7 @@ private slots:
 
         retype(&form, "txtName", QStringLiteral("Shepherd"));
         click(&form, "Command1");
-        QCOMPARE(readAll(file()),
+        QCOMPARE(readFile(file()),
                  QByteArray("\"Vine\",\"John 15:1\"\r\n\"Shepherd\",\"Psalm 23\"\r\n"));
         QCOMPARE(m_reloads, 1);
         QCOMPARE(m_bookmarks.Names(), (QStringList{"Vine", "Shepherd"}));
@@ -180,7 +168,7 @@ private slots:
         QCOMPARE(entries(form.get()), (QStringList{"Shepherd", "Love, patient", "Light"}));
         QCOMPARE(m_bookmarks.References(), (QStringList{"Psalm 23", "Psalm 1:1", "John 8:12"}));
         QVERIFY(text(form.get(), "txtPassage").contains(QStringLiteral("Text of Psalms 1:1")));
-        QCOMPARE(readAll(file()), kThree);
+        QCOMPARE(readFile(file()), kThree);
 
         // Text the file could not give back is refused and changes nothing.
         retype(form.get(), "txtName", QStringLiteral("A \"quoted\" name"));
@@ -192,7 +180,7 @@ private slots:
         click(form.get(), "cmdSave");
         QVERIFY(!form->isVisible());
         QCOMPARE(m_reloads, 1);
-        QCOMPARE(readAll(file()),
+        QCOMPARE(readFile(file()),
                  QByteArray("\"Shepherd\",\"Psalm 23\"\r\n\"Love, patient\",\"Psalm "
                             "1:1\"\r\n\"Light\",\"John 8:12\"\r\n"));
         QCOMPARE(m_bookmarks.Names(), (QStringList{"Shepherd", "Love, patient", "Light"}));
@@ -213,7 +201,7 @@ private slots:
         for (const char *box : {"txtName", "txtReference", "txtPassage"})
             QCOMPARE(text(form.get(), box), QString());
         click(form.get(), "cmdSave");
-        QCOMPARE(readAll(file()), QByteArray());
+        QCOMPARE(readFile(file()), QByteArray());
         QCOMPARE(m_bookmarks.Count(), 0);
     }
 
@@ -232,14 +220,9 @@ private slots:
         QVERIFY(!form->isVisible());
         QCOMPARE(m_reloads, 0);
 
-        // The file and the menu are as they were, but the menu's second entry now finds the third
-        // reference and the last finds none, until the next load.
-        QCOMPARE(readAll(file()), kThree);
+        // The file and the names are as they were (what the menu then shows is the menu's test).
+        QCOMPARE(readFile(file()), kThree);
         QCOMPARE(m_bookmarks.Names(), (QStringList{"Shepherd", "Vine", "Light"}));
-        QCOMPARE(m_bookmarks.Reference(2), QStringLiteral("John 8:12"));
-        QCOMPARE(m_bookmarks.Reference(3), QString());
-        m_bookmarks.Load();
-        QCOMPARE(m_bookmarks.Reference(2), QStringLiteral("John 15:1-2"));
     }
 
     void unreadableLinesSurviveSave()
@@ -254,7 +237,7 @@ private slots:
         choose(form.get(), 0);
         click(form.get(), "cmdRemove");
         click(form.get(), "cmdSave");
-        QCOMPARE(readAll(file()),
+        QCOMPARE(readFile(file()),
                  QByteArray("\"Vine\",\"John 15:1-2\"\r\n\"Light\",\"John 8:12\"\r\n") + damaged);
         QCOMPARE(answers.count(), 2); // the reload found the same lines and did not ask again
     }

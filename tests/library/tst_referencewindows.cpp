@@ -43,13 +43,6 @@ public:
     using support::OpenedWindow<Window>::OpenedWindow;
     using support::OpenedWindow<Window>::control;
 
-    // The row chosen in a list (selected), or -1.
-    int row(const char *name) const
-    {
-        auto *list = this->template control<QListWidget>(name);
-        const QList<QListWidgetItem *> chosen = list->selectedItems();
-        return chosen.isEmpty() ? -1 : list->row(chosen.first());
-    }
     void showTab(int index) const
     {
         this->template control<QTabWidget>("SSTab1")->setCurrentIndex(index);
@@ -57,18 +50,8 @@ public:
     void search(const QString &query) const
     {
         showTab(1);
-        auto *edit = this->template control<QLineEdit>("txtQuery");
-        edit->selectAll();
-        QTest::keyClick(edit, Qt::Key_Delete);
-        QTest::keyClicks(edit, query);
-        QTest::mouseClick(this->template control<QPushButton>("cmdSearch"), Qt::LeftButton);
-    }
-    void clickRow(const char *list, int row) const
-    {
-        auto *box = this->template control<QListWidget>(list);
-        box->scrollToItem(box->item(row));
-        QTest::mouseClick(box->viewport(), Qt::LeftButton, {},
-                          box->visualItemRect(box->item(row)).center());
+        this->type("txtQuery", query);
+        this->click("cmdSearch");
     }
 };
 

@@ -48,63 +48,19 @@ const QByteArray kGreek = "G1|A|al'-fah|the first letter; see "
 using support::FakeMain;
 using support::iniData;
 
-// The word window under test, with what the tests do with its controls.
-template <typename Window> class Opened : public support::OpenedWindow<Window>
-{
-public:
-    using support::OpenedWindow<Window>::OpenedWindow;
-    using support::OpenedWindow<Window>::control;
-    using support::OpenedWindow<Window>::get;
+template <typename Window> using Opened = support::OpenedWindow<Window>;
 
-    QString text(const char *name) const
-    {
-        if (auto *box = this->get()->template findChild<QLineEdit *>(QLatin1String(name)))
-            return box->text();
-        if (auto *label = this->get()->template findChild<QLabel *>(QLatin1String(name)))
-            return label->text();
-        return this->template control<QPlainTextEdit>(name)->toPlainText();
-    }
-    int row(const char *name) const
-    {
-        const QList<QListWidgetItem *> selected =
-            this->template control<QListWidget>(name)->selectedItems();
-        return selected.isEmpty()
-                   ? -1
-                   : this->template control<QListWidget>(name)->row(selected.first());
-    }
-    void type(const char *box, const QString &text, bool enter = false) const
-    {
-        auto *edit = this->template control<QLineEdit>(box);
-        edit->selectAll();
-        QTest::keyClick(edit, Qt::Key_Delete);
-        QTest::keyClicks(edit, text);
-        if (enter)
-            QTest::keyClick(edit, Qt::Key_Return);
-    }
-    void click(const char *button) const
-    {
-        QTest::mouseClick(this->template control<QPushButton>(button), Qt::LeftButton);
-    }
-    void doubleClickRow(const char *list, int row) const
-    {
-        auto *box = this->template control<QListWidget>(list);
-        box->scrollToItem(box->item(row));
-        // A real double-click: a click, then the second press that the system reports as double.
-        const QPoint at = box->visualItemRect(box->item(row)).center();
-        QTest::mouseClick(box->viewport(), Qt::LeftButton, {}, at);
-        QTest::mouseDClick(box->viewport(), Qt::LeftButton, {}, at);
-    }
-    // Double-clicks the character at a position of a definition box's text.
-    void doubleClickText(const char *box, int position) const
-    {
-        auto *edit = this->template control<QPlainTextEdit>(box);
-        QTextCursor cursor(edit->document());
-        cursor.setPosition(position);
-        const QPoint at = edit->cursorRect(cursor).center() + QPoint(2, 0);
-        QTest::mouseClick(edit->viewport(), Qt::LeftButton, {}, at);
-        QTest::mouseDClick(edit->viewport(), Qt::LeftButton, {}, at);
-    }
-};
+// Double-clicks the character at a position of a definition box's text.
+template <typename Window>
+void doubleClickText(const Opened<Window> &window, const char *box, int position)
+{
+    auto *edit = window.template control<QPlainTextEdit>(box);
+    QTextCursor cursor(edit->document());
+    cursor.setPosition(position);
+    const QPoint at = edit->cursorRect(cursor).center() + QPoint(2, 0);
+    QTest::mouseClick(edit->viewport(), Qt::LeftButton, {}, at);
+    QTest::mouseDClick(edit->viewport(), Qt::LeftButton, {}, at);
+}
 
 } // namespace
 
@@ -355,7 +311,7 @@ private slots:
         // A number in a Hebrew definition shows that entry.
         window.type("txtHebrewWord", QStringLiteral("1"), true);
         const QString first = window.text("txtHebrewDefinition");
-        window.doubleClickText("txtHebrewDefinition", int(first.indexOf(u'3')));
+        doubleClickText(window, "txtHebrewDefinition", int(first.indexOf(u'3')));
         QCOMPARE(window.text("txtHebrewDefinition"),
                  QStringLiteral("3 - אבד (aw-bad') : to perish; compare 1"));
         QCOMPARE(window.row("lstHebrewWords"), 2);
@@ -376,7 +332,7 @@ private slots:
         window.click("cmdFindGreek");
         const QString greek = window.text("txtGreekDefinition");
         QCOMPARE(greek, QStringLiteral("1 - A (al'-fah) : the first letter; see 3"));
-        window.doubleClickText("txtGreekDefinition", int(greek.lastIndexOf(u'3')));
+        doubleClickText(window, "txtGreekDefinition", int(greek.lastIndexOf(u'3')));
         QCOMPARE(window.text("txtGreekDefinition"), greek);
         QCOMPARE(window.row("lstGreekWords"), 0);
         window.click("cmdFindAllGreek");

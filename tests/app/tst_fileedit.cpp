@@ -177,7 +177,7 @@ private slots:
         platform::MsgBoxAnswerer answers;
         ProgramHarness program(m_dir.path());
         QVERIFY(program.start(QStringLiteral("KJV")));
-        const QString shown = program.control<platform::RichTextBox>("rtfPassage")->Text();
+        const QString shown = program.passage();
 
         QTemporaryDir out;
         QString title;

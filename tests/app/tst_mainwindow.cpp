@@ -55,12 +55,6 @@ class TestMainWindow : public QObject
         QVERIFY(program.start(QStringLiteral("TEST")));
     }
 
-    void getReference(const ProgramHarness &program, const QString &typed)
-    {
-        program.control<QLineEdit>("txtReference")->setText(typed);
-        QTest::keyClick(program.control<QLineEdit>("txtReference"), Qt::Key_Return);
-    }
-
     static void search(const ProgramHarness &program, const QString &typed)
     {
         program.control<QLineEdit>("txtQuery")->setText(typed);
@@ -205,7 +199,7 @@ private slots:
         ProgramHarness program(m_dir.path());
         openTest(program);
         // The first chapter of the Bible is on display after start-up.
-        QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("GENESIS 1"));
+        QCOMPARE(program.title(), QStringLiteral("GENESIS 1"));
 
         chooseTestament(program, 1);
         QCOMPARE(program.control<QListWidget>("lstBooks")->count(), 27);
@@ -214,10 +208,8 @@ private slots:
         program.control<QListWidget>("lstBooks")->setCurrentRow(3); // John
         QCOMPARE(program.control<QListWidget>("lstChapters")->count(), 3);
         program.control<QListWidget>("lstChapters")->setCurrentRow(1);
-        QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("JOHN 2"));
-        QVERIFY(program.control<platform::RichTextBox>("rtfPassage")
-                    ->Text()
-                    .startsWith(QStringLiteral("JOHN 2\r\n1 Text of John 2:1\r\n")));
+        QCOMPARE(program.title(), QStringLiteral("JOHN 2"));
+        QVERIFY(program.passage().startsWith(QStringLiteral("JOHN 2\r\n1 Text of John 2:1\r\n")));
     }
 
     void getItMovesTheLists()
@@ -227,9 +219,8 @@ private slots:
         openTest(program);
         program.control<QLineEdit>("txtReference")->setText(QStringLiteral("jn 3:16"));
         QTest::mouseClick(program.control<QPushButton>("cmdGet"), Qt::LeftButton);
-        QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("JOHN 3:16"));
-        QCOMPARE(program.control<platform::RichTextBox>("rtfPassage")->Text(),
-                 QStringLiteral("JOHN 3 \r\n16 Text of John 3:16\r\n"));
+        QCOMPARE(program.title(), QStringLiteral("JOHN 3:16"));
+        QCOMPARE(program.passage(), QStringLiteral("JOHN 3 \r\n16 Text of John 3:16\r\n"));
         QCOMPARE(program.control<QComboBox>("cmbTestaments")->currentIndex(), 1);
         QCOMPARE(program.control<QListWidget>("lstBooks")->currentItem()->text(),
                  QStringLiteral("John"));
@@ -242,11 +233,11 @@ private slots:
         platform::MsgBoxAnswerer answers;
         ProgramHarness program(m_dir.path());
         openTest(program);
-        getReference(program, QStringLiteral("John 3:16"));
+        program.getReference(QStringLiteral("John 3:16"));
         // An unknown book: empty view, the lists stay, the title keeps the last passage.
-        getReference(program, QStringLiteral("Hezekiah 4:1"));
-        QVERIFY(program.control<platform::RichTextBox>("rtfPassage")->Text().isEmpty());
-        QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("JOHN 3:16"));
+        program.getReference(QStringLiteral("Hezekiah 4:1"));
+        QVERIFY(program.passage().isEmpty());
+        QCOMPARE(program.title(), QStringLiteral("JOHN 3:16"));
         QCOMPARE(program.control<QListWidget>("lstBooks")->currentItem()->text(),
                  QStringLiteral("John"));
 
@@ -254,12 +245,10 @@ private slots:
         // "Mal 0,3" then goes on in Malachi.
         for (const auto &[typed, title] :
              {std::pair{"Gen x", "GENESIS 0"}, std::pair{"Mal 0,3", "MALACHI 3"}}) {
-            getReference(program, QLatin1String(typed));
-            QCOMPARE(program.control<QLabel>("lbltitle")->text(), QLatin1String(title));
+            program.getReference(QLatin1String(typed));
+            QCOMPARE(program.title(), QLatin1String(title));
         }
-        QVERIFY(program.control<platform::RichTextBox>("rtfPassage")
-                    ->Text()
-                    .startsWith(QStringLiteral("MALACHI 3")));
+        QVERIFY(program.passage().startsWith(QStringLiteral("MALACHI 3")));
     }
 
     void anotherTranslationKeepsThePlace()
@@ -273,13 +262,13 @@ private slots:
         writeFile(m_dir.path() + QStringLiteral("/Strong/HEBREW.dat"), "H1|a|b|c\r\n");
         writeFile(m_dir.path() + QStringLiteral("/dictionary.dat"), "header\r\n");
 
-        getReference(program, QStringLiteral("Mark 1"));
+        program.getReference(QStringLiteral("Mark 1"));
         QVERIFY(program.chooseTranslation(QStringLiteral("Small Version")));
         QCOMPARE(program.main()->windowTitle(),
                  QStringLiteral("Small Version - Quillstone Bible 1.0.0"));
         QCOMPARE(program.control<QListWidget>("lstBooks")->currentItem()->text(),
                  QStringLiteral("Mark"));
-        QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("MARK 1"));
+        QCOMPARE(program.title(), QStringLiteral("MARK 1"));
         QVERIFY(program.control<QAction>("mnuReferencesStrong")->isEnabled());
         QVERIFY(program.control<QAction>("mnuRightclickStrongLexicon")->isEnabled());
         QVERIFY(program.control<QAction>("mnuReferencesDictionary")->isVisible());
@@ -310,9 +299,9 @@ private slots:
         platform::MsgBoxAnswerer answers;
         ProgramHarness program(m_dir.path());
         QVERIFY(program.start(QStringLiteral("PSA")));
-        getReference(program, QStringLiteral("Psalm 23"));
+        program.getReference(QStringLiteral("Psalm 23"));
         QVERIFY(program.chooseTranslation(QStringLiteral("Synodal Version")));
-        QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("PSALMS 22"));
+        QCOMPARE(program.title(), QStringLiteral("PSALMS 22"));
         QCOMPARE(program.control<QListWidget>("lstChapters")->currentItem()->text(),
                  QStringLiteral("22"));
     }
@@ -329,7 +318,7 @@ private slots:
         program.control<QCheckBox>("chkUpdateList")->setChecked(false);
         program.control<QLineEdit>("txtReference")->setText(QStringLiteral("Gen 2:1"));
         QTest::mouseClick(program.control<QPushButton>("cmdGet"), Qt::LeftButton);
-        QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("GENESIS 2:1"));
+        QCOMPARE(program.title(), QStringLiteral("GENESIS 2:1"));
         QCOMPARE(program.control<QComboBox>("cmbTestaments")->currentIndex(), 1);
 
         // A list of twenty thousand chapters past the end: each is the last chapter, as many
@@ -339,8 +328,8 @@ private slots:
             items << QString::number(c);
         program.control<QLineEdit>("txtReference")->setText(items.join(u','));
         QTest::mouseClick(program.control<QPushButton>("cmdGet"), Qt::LeftButton);
-        QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("JOHN 3"));
-        const QString shown = program.control<platform::RichTextBox>("rtfPassage")->Text();
+        QCOMPARE(program.title(), QStringLiteral("JOHN 3"));
+        const QString shown = program.passage();
         QVERIFY(shown.size() < PassageFormatter::kMostShown + 100);
         QVERIFY(shown.contains(QStringLiteral("The passage is cut here: ")));
     }
@@ -351,35 +340,30 @@ private slots:
         platform::MsgBoxAnswerer answers;
         ProgramHarness program(m_dir.path());
         program.start(QStringLiteral("SMALL"));
-        QLabel *title = program.control<QLabel>("lbltitle");
 
         // Genesis and Mark hold one chapter of two verses each: four lines hold "text".
         ProgramSettings::instance().searchLimit = 100;
         search(program, QStringLiteral(" text "));
-        QCOMPARE(title->text(), QStringLiteral("Search results for \" text \" (4 matches)"));
-        QVERIFY(program.control<platform::RichTextBox>("rtfPassage")
-                    ->Text()
-                    .startsWith(QStringLiteral("Genesis :1 Text of Genesis 1:1\r\n\r\n")));
+        QCOMPARE(program.title(), QStringLiteral("Search results for \" text \" (4 matches)"));
+        QVERIFY(
+            program.passage().startsWith(QStringLiteral("Genesis :1 Text of Genesis 1:1\r\n\r\n")));
         QCOMPARE(program.control<platform::RichTextBox>("rtfPassage")->SelStart(), 0);
         QCOMPARE(answers.count(), 0);
 
         ProgramSettings::instance().searchLimit = 3;
         search(program, QStringLiteral("text"));
-        QCOMPARE(title->text(), QStringLiteral("First 3 results."));
+        QCOMPARE(program.title(), QStringLiteral("First 3 results."));
         QCOMPARE(answers.prompts(), QStringList{QStringLiteral(
                                         "There were over a 3 results for your search,\r\nplease "
                                         "narrow it down or use the advanced search feature!")});
-        QCOMPARE(program.control<platform::RichTextBox>("rtfPassage")
-                     ->Text()
-                     .count(QStringLiteral("Text of")),
-                 4);
+        QCOMPARE(program.passage().count(QStringLiteral("Text of")), 4);
         QVERIFY(!program.control<QProgressBar>("picProgress")->isVisible());
 
         // Whole words: "TEXTS" is not "TEXT".
         ProgramSettings::instance().searchLimit = 100;
         program.control<QCheckBox>("chkWordSearch")->setChecked(true);
         search(program, QStringLiteral("tex"));
-        QCOMPARE(title->text(), QStringLiteral("Search results for \"tex\" (0 matches)"));
+        QCOMPARE(program.title(), QStringLiteral("Search results for \"tex\" (0 matches)"));
     }
 
     void optionsApplyAtOnce()
@@ -405,9 +389,8 @@ private slots:
         program.control<QAction>("mnuEditOptions")->trigger();
         QCOMPARE(program.control<QLabel>("lbltitle")->palette().color(QPalette::WindowText),
                  QColor(255, 0, 0));
-        QVERIFY(program.control<platform::RichTextBox>("rtfPassage")
-                    ->Text()
-                    .contains(QStringLiteral("1 Text of Genesis 1:1 2 Text of Genesis 1:2")));
+        QVERIFY(program.passage().contains(
+            QStringLiteral("1 Text of Genesis 1:1 2 Text of Genesis 1:2")));
         QCOMPARE(ProgramSettings::instance().general.lineBreaks, qint16(0));
     }
 };

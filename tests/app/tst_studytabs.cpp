@@ -47,7 +47,7 @@ class TestStudyTabs : public QObject
     void open(ProgramHarness &program, const QString &tab = QString())
     {
         QVERIFY(program.start(QStringLiteral("TEST")));
-        program.main()->GoToReference(QStringLiteral("John 3"));
+        program.getReference(QStringLiteral("John 3"));
         if (!tab.isEmpty())
             showTab(program, tab);
     }
@@ -93,8 +93,7 @@ private slots:
         {
             ProgramHarness program(m_dir.path());
             open(program, QStringLiteral("Notes"));
-            QCOMPARE(program.control<QLabel>("lbltitle")->text(),
-                     QStringLiteral("Notes For: JOHN 3"));
+            QCOMPARE(program.title(), QStringLiteral("Notes For: JOHN 3"));
             auto *notes = program.control<platform::RichTextBox>("rtfNotes");
             QVERIFY(notes->Text().isEmpty());
 
@@ -148,7 +147,6 @@ private slots:
     {
         ProgramHarness program(m_dir.path());
         open(program, QStringLiteral("Notes"));
-        auto *title = program.control<QLabel>("lbltitle");
         const QByteArray before = readFile(johnNotes());
 
         // No: nothing is written, the title is back, and the next visit shows the notes as saved.
@@ -159,7 +157,7 @@ private slots:
             QCOMPARE(answers.prompts(), QStringList{kPrompt});
             QCOMPARE(answers.last().buttons, vb::vbYesNo | vb::vbExclamation);
         }
-        QCOMPARE(title->text(), QStringLiteral("JOHN 3"));
+        QCOMPARE(program.title(), QStringLiteral("JOHN 3"));
         QCOMPARE(readFile(johnNotes()), before);
         showTab(program, QStringLiteral("Notes"));
         QVERIFY(program.control<platform::RichTextBox>("rtfNotes")->Text().isEmpty());
@@ -171,7 +169,7 @@ private slots:
             showTab(program, QStringLiteral("Passage"));
             QCOMPARE(answers.count(), 1);
         }
-        QCOMPARE(title->text(), QStringLiteral("JOHN 3"));
+        QCOMPARE(program.title(), QStringLiteral("JOHN 3"));
         QVERIFY(readFile(johnNotes()).contains("kept"));
 
         // Saved notes leave without a question.
@@ -197,19 +195,17 @@ private slots:
         const QByteArray file = readFile(johnNotes());
         QVERIFY(file.indexOf("about chapter three") > file.indexOf("CHAPTER 3"));
         // The tab follows the new chapter.
-        QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("Notes For: JOHN 2"));
+        QCOMPARE(program.title(), QStringLiteral("Notes For: JOHN 2"));
         QCOMPARE(program.control<platform::RichTextBox>("rtfNotes")->Text(), QStringLiteral("two"));
 
         // A typed reference and closing the window ask too; No drops the edit.
         type(program, QStringLiteral(" more"));
         {
             platform::MsgBoxAnswerer answers({vb::vbNo});
-            program.control<QLineEdit>("txtReference")->setText(QStringLiteral("Gen 1"));
-            QTest::keyClick(program.control<QLineEdit>("txtReference"), Qt::Key_Return);
+            program.getReference(QStringLiteral("Gen 1"));
             QCOMPARE(answers.count(), 1);
         }
-        QCOMPARE(program.control<QLabel>("lbltitle")->text(),
-                 QStringLiteral("Notes For: GENESIS 1"));
+        QCOMPARE(program.title(), QStringLiteral("Notes For: GENESIS 1"));
         type(program, QStringLiteral("in the beginning"));
         {
             platform::MsgBoxAnswerer answers({vb::vbYes});
@@ -287,16 +283,15 @@ private slots:
     {
         ProgramHarness program(m_dir.path());
         open(program, QStringLiteral("TVC"));
-        auto *title = program.control<QLabel>("lbltitle");
         auto *view = program.control<platform::RichTextBox>("rtfTVC");
-        QCOMPARE(title->text(), QStringLiteral("Commentary For: JOHN 3"));
+        QCOMPARE(program.title(), QStringLiteral("Commentary For: JOHN 3"));
         QCOMPARE(view->Text(), QStringLiteral("Tovelian's Commentary \r\nOn John chapter 3.\r\n"));
 
         // The same chapter again reads no file: the commentary is still there with its file gone.
         const QString file = m_dir.filePath(QStringLiteral("tvc/newtest/JOHN.dat"));
         QVERIFY(QFile::rename(file, file + QStringLiteral(".away")));
         showTab(program, QStringLiteral("Passage"));
-        QCOMPARE(title->text(), QStringLiteral("JOHN 3"));
+        QCOMPARE(program.title(), QStringLiteral("JOHN 3"));
         showTab(program, QStringLiteral("TVC"));
         QCOMPARE(view->Text(), QStringLiteral("Tovelian's Commentary \r\nOn John chapter 3.\r\n"));
         QVERIFY(QFile::rename(file + QStringLiteral(".away"), file));
@@ -304,10 +299,10 @@ private slots:
         // Another chapter while the commentary is shown: it follows.
         program.control<QLineEdit>("txtReference")->setText(QStringLiteral("John 2:1"));
         QTest::mouseClick(program.control<QPushButton>("cmdGet"), Qt::LeftButton);
-        QCOMPARE(title->text(), QStringLiteral("Commentary For: JOHN 2"));
+        QCOMPARE(program.title(), QStringLiteral("Commentary For: JOHN 2"));
         QCOMPARE(view->Text(), QStringLiteral("Tovelian's Commentary \r\nOn John chapter 2.\r\n"));
         showTab(program, QStringLiteral("Passage"));
-        QCOMPARE(title->text(), QStringLiteral("JOHN 2:1"));
+        QCOMPARE(program.title(), QStringLiteral("JOHN 2:1"));
     }
 
     void noCommentaryNoTab()

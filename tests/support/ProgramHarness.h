@@ -8,9 +8,12 @@
 #include "app/frmLoadVersion.h"
 #include "app/frmMain.h"
 #include "platform/MsgBoxAnswerer.h"
+#include "platform/RichTextBox.h"
 #include "settings/ProgramSettings.h"
 
 #include <QAction>
+#include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPointer>
 #include <QString>
@@ -65,6 +68,17 @@ public:
         T *found = m_main ? m_main->findChild<T *>(QLatin1String(name)) : nullptr;
         return found ? found : support::control<T>(m_chooser.get(), name);
     }
+
+    // Types a reference into the reference box and presses Enter, as the reader asks for one.
+    void getReference(const QString &typed) const
+    {
+        auto *box = control<QLineEdit>("txtReference");
+        box->setText(typed);
+        QTest::keyClick(box, Qt::Key_Return);
+    }
+    // The title above the views, and the text of the passage view.
+    QString title() const { return control<QLabel>("lbltitle")->text(); }
+    QString passage() const { return control<platform::RichTextBox>("rtfPassage")->Text(); }
 
     // Chooses a translation from the Translations menu by its caption; false when it is not
     // there. Choosing rebuilds the menu, so the entry is looked up afresh each time.

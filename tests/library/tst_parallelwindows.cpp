@@ -178,10 +178,11 @@ private slots:
             window.control<QListWidget>("lstProphecies")->setCurrentRow(1);
             QVERIFY(window.control<platform::RichTextBox>("rtfOld")->Text().contains(
                 QStringLiteral("Text of Genesis 1:1")));
+            window->move(20, 40);
         }
-        // Its place goes to its own section.
-        QVERIFY(iniValue("prophecy", "left") >= 0);
-        QVERIFY(iniValue("prophecy", "top") >= 0);
+        // Its place goes to its own section, in twips.
+        QCOMPARE(iniValue("prophecy", "left"), 300);
+        QCOMPARE(iniValue("prophecy", "top"), 600);
         QCOMPARE(iniValue("parables", "left"), -1);
     }
 

@@ -399,10 +399,19 @@ private slots:
             Opened<frmStrongLexicon> lexicon(m_main);
             QVERIFY(lexicon.control<QCheckBox>("chkHighlightWord")->isChecked());
             lexicon.control<QCheckBox>("chkHighlightWord")->setChecked(false);
+            dictionary->move(10, 20);
+            names->move(30, 40);
+            lexicon->move(50, 60);
         }
-        for (const char *section : {"dictionary", "biblenames", "strong"}) {
-            QVERIFY2(iniData(m_dir.path(), section, "left") >= 0, section);
-            QVERIFY2(iniData(m_dir.path(), section, "top") >= 0, section);
+        // Each in its own section, in twips (15 to a pixel).
+        const struct
+        {
+            const char *section;
+            int left, top;
+        } places[] = {{"dictionary", 150, 300}, {"biblenames", 450, 600}, {"strong", 750, 900}};
+        for (const auto &[section, left, top] : places) {
+            QCOMPARE(iniData(m_dir.path(), section, "left"), left);
+            QCOMPARE(iniData(m_dir.path(), section, "top"), top);
         }
         QCOMPARE(iniData(m_dir.path(), "strong", "highlightword"), 0);
         QCOMPARE(iniData(m_dir.path(), "strong", "tab"), 0);

@@ -107,7 +107,7 @@ private slots:
         QFile::remove(file(QStringLiteral("Units.rtf")));
         program.control<QAction>("mnuReferencesUnits")->trigger();
         QCOMPARE(answers.prompts(),
-                 QStringList{program.main()->UnitsPath() +
+                 QStringList{file(QStringLiteral("Units.rtf")) +
                              QStringLiteral(" is missing.  Feature will be disabled.\r\n"
                                             "Reinstall the program to restore it")});
     }

@@ -213,7 +213,7 @@ private slots:
         QCOMPARE(window.text("lblStatus"), QStringLiteral("Found!!!"));
         QCOMPARE(window.text("txtDefinition"), QStringLiteral("CAIN: Acquired."));
         QCOMPARE(window.row("lstNames"), -1); // the blank in front matches no name
-        window->FindWord(QStringLiteral("Enoch"));
+        window.type("txtWord", QStringLiteral("Enoch"), true);
         QCOMPARE(window.text("lblStatus"), QStringLiteral("Not Found!"));
         QCOMPARE(window.text("txtDefinition"), QString());
         window.doubleClickRow("lstNames", 0);

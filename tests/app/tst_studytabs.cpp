@@ -7,7 +7,6 @@
 #include "platform/RichTextBox.h"
 
 #include <QDir>
-#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>

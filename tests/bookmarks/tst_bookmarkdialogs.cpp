@@ -9,9 +9,6 @@
 #include "settings/ProgramSettings.h"
 
 #include <QLineEdit>
-#include <QListWidget>
-#include <QPlainTextEdit>
-#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
 

@@ -12,8 +12,6 @@
 #include <QFile>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QPointer>
-#include <QPushButton>
 #include <QRegularExpression>
 #include <QTabWidget>
 #include <QTemporaryDir>

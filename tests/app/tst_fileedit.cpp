@@ -287,7 +287,7 @@ private slots:
         QCOMPARE(shell.opened.size(), 2);
         program.control<QAction>("mnuHelpMailingList")->trigger();
         QCOMPARE(shell.opened.size(), 3);
-        QCOMPARE(shell.opened.last().toString(), frmMain::WebSite);
+        QCOMPARE(shell.opened.last().toString(), QStringLiteral("https://quillstone.example.org/"));
         QCOMPARE(answers.last().title, QStringLiteral("Mailing List"));
         QCOMPARE(answers.last().buttons,
                  int(vb::vbQuestion | vb::vbYesNo | vb::vbMsgBoxSetForeground));
@@ -303,8 +303,10 @@ private slots:
                                 << "/export.txt";
         QTest::newRow("help") << "mnuHelpContents"
                               << "help/index.html";
-        QTest::newRow("web site") << "mnuHelpWebSite" << frmMain::WebSite;
-        QTest::newRow("mailing list") << "mnuHelpMailingList" << frmMain::WebSite;
+        QTest::newRow("web site") << "mnuHelpWebSite"
+                                  << "https://quillstone.example.org/";
+        QTest::newRow("mailing list") << "mnuHelpMailingList"
+                                      << "https://quillstone.example.org/";
     }
 
     void desktopCannotOpen()

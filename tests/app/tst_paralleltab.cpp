@@ -8,9 +8,7 @@
 
 #include <QComboBox>
 #include <QLabel>
-#include <QLineEdit>
 #include <QListWidget>
-#include <QPushButton>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTemporaryDir>
@@ -60,12 +58,6 @@ class TestParallelTab : public QObject
                 u"parallelTab");
     }
 
-    void getIt(ProgramHarness &program, const QString &reference)
-    {
-        program.control<QLineEdit>("txtReference")->setText(reference);
-        QTest::mouseClick(program.control<QPushButton>("cmdGet"), Qt::LeftButton);
-    }
-
 private slots:
     void initTestCase()
     {
@@ -107,7 +99,7 @@ private slots:
             QVERIFY(program.start(QStringLiteral("KJV")));
             QVERIFY(QTest::qWaitForWindowExposed(program.main()));
             answers.clear(); // what start-up said about the files it made
-            getIt(program, QStringLiteral("Psalm 10"));
+            program.getReference(QStringLiteral("Psalm 10"));
             showParallelTab(program);
             QStringList table = rows(program, QStringLiteral("PSALMS 10"));
             QCOMPARE(table.value(0), QStringLiteral("KJV\tSYN"));
@@ -115,7 +107,7 @@ private slots:
                                                     "ПСАЛТИРЬ 9:22 Text of Псалтирь 9:22"));
             QCOMPARE(table.size(), 19);
 
-            // The chapter list moves the table with the passage, and so does "Get it".
+            // The chapter list moves the table with the passage, and so does a typed reference.
             program.control<QListWidget>("lstChapters")->setCurrentRow(8);
             QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("PSALMS 9"));
             table = rows(program, QStringLiteral("PSALMS 9"));
@@ -123,7 +115,7 @@ private slots:
                                                     "9:1-2 Text of Псалтирь 9:1 Text of "
                                                     "Псалтирь 9:2"));
             QCOMPARE(table.size(), 21);
-            getIt(program, QStringLiteral("John 3:1-2"));
+            program.getReference(QStringLiteral("John 3:1-2"));
             QCOMPARE(rows(program, QStringLiteral("JOHN 3:1-2")).mid(1),
                      (QStringList{QStringLiteral("JOHN 3:1 Text of John 3:1\tИОАННА 3:1 Text of "
                                                  "Иоанна 3:1"),
@@ -140,7 +132,7 @@ private slots:
                      QStringLiteral("KJV,SYN,WEB"));
 
             // A click on the Synodal's reference opens it in the Synodal, on the passage tab.
-            getIt(program, QStringLiteral("Psalm 10:2"));
+            program.getReference(QStringLiteral("Psalm 10:2"));
             auto *view = program.control<platform::RichTextBox>("rtfParallel");
             const int at = view->Find(QStringLiteral("ПСАЛТИРЬ 9:23"), 0,
                                       platform::RichTextBox::rtfNoHighlight);

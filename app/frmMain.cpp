@@ -1,5 +1,6 @@
 #include "app/frmMain.h"
 
+#include "app/HistoryNavigator.h"
 #include "app/MainMenus.h"
 #include "app/NavigatorPane.h"
 #include "app/PassageCommands.h"
@@ -13,6 +14,7 @@
 #include "platform/InputBox.h"
 #include "platform/MsgBox.h"
 #include "platform/RichTextBox.h"
+#include "platform/TextZoom.h"
 #include "platform/frmAbout.h"
 #include "scripture/StrongConcordance.h"
 #include "scripture/TranslationList.h"
@@ -21,6 +23,7 @@
 #include "settings/ProgramSettings.h"
 #include "settings/WindowPlacement.h"
 #include "settings/WindowSettings.h"
+#include "settings/basSettings.h"
 #include "settings/frmOptions.h"
 
 #include <QAction>
@@ -54,6 +57,13 @@ constexpr int kMinHeightTwips = 4080;
 frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
 {
     setObjectName(QStringLiteral("frmMain"));
+    // Every text view of the program, this window's own among them, zooms and keeps its zoom
+    // from one session to the next.
+    platform::TextZoom::InstallEverywhere(
+        [](const QString &view) { return WindowSettings::Get(WindowSettings::ZoomPercent, view); },
+        [](const QString &view, int percent) {
+            WindowSettings::Set(WindowSettings::ZoomPercent, view, percent);
+        });
     auto *central = new QWidget(this);
     auto *layout = new QVBoxLayout(central);
     layout->setContentsMargins(6, 6, 6, 6);
@@ -77,6 +87,8 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
     setCentralWidget(central);
     m_menus = new MainMenus(this);
     m_tools = std::make_unique<ToolWindows>(*this, this);
+    m_history =
+        new HistoryNavigator(this, *m_study, [this](const Place &p) { return goToPlace(p); });
     connectCommands();
 
     m_placement = new WindowPlacement(this, QStringLiteral("main"),
@@ -183,6 +195,20 @@ void frmMain::checkDataFiles()
 
 bool frmMain::LoadTranslation(const QString &folder)
 {
+    // Opening a translation shows a chapter or two on the way; only where it ends is a step.
+    m_history->leaving();
+    bool opened = false;
+    {
+        const HistoryNavigator::Hold hold(*m_history);
+        opened = openTranslation(folder);
+    }
+    if (opened)
+        m_history->arrived(m_translationFolder, m_study->chapterOnDisplay());
+    return opened;
+}
+
+bool frmMain::openTranslation(const QString &folder)
+{
     // Keep the reader's place when another translation is opened over this one: the book and
     // chapter carried through both translations' verse numbering.
     const bool reopening = !m_translationFolder.isEmpty();
@@ -242,6 +268,7 @@ void frmMain::InitiateSession()
     m_bible.setSeparator(settings.general.lineBreaks ? QStringLiteral("\r\n")
                                                      : QStringLiteral(" "));
     settings.searchLimit = settings.general.maxSearchResults;
+    ApplyLookScheme(WindowSettings::Get(WindowSettings::LookScheme));
     m_navigator->applyLook(settings.display);
     m_study->applyLook(settings.display);
     placeHeader();
@@ -254,7 +281,37 @@ void frmMain::lstChapters_Click(const QString &book, int chapter)
     if (!m_study->askToKeepNotes())
         return;
     const Passage fetched = m_bible.MoveToPassage(book, chapter);
-    m_study->showChapter(fetched, fetched.Standard());
+    showChapter(fetched, fetched.Standard());
+}
+
+void frmMain::showChapter(const Passage &fetched, const QString &title)
+{
+    m_history->leaving();
+    m_study->showChapter(fetched, title);
+    m_history->arrived(m_translationFolder, fetched);
+}
+
+bool frmMain::goToPlace(const Place &place)
+{
+    if (!m_study->askToKeepNotes())
+        return false;
+    if (place.translation.compare(m_translationFolder, Qt::CaseInsensitive) != 0) {
+        if (!TranslationList::IsTranslation(
+                basStrings::JoinPath(programFolder(), place.translation))) {
+            platform::MsgBox(tr("The translation \"%1\" of %2 is not installed any more.")
+                                 .arg(place.translation, place.reference),
+                             vb::vbExclamation);
+            return false;
+        }
+        emit translationChosen(place.translation);
+        if (place.translation.compare(m_translationFolder, Qt::CaseInsensitive) != 0)
+            return false;
+    }
+    const Passage fetched = m_bible.MoveTo(place.reference);
+    showChapter(fetched, fetched.Standard());
+    if (m_navigator->updatesLists() && fetched.found())
+        m_navigator->markPassage(fetched);
+    return true;
 }
 
 void frmMain::ShowPassage(const QString &rtf, const QString &title)
@@ -273,7 +330,7 @@ void frmMain::cmdGet_Click()
     if (!m_study->askToKeepNotes())
         return;
     const Passage fetched = m_bible.MoveTo(m_navigator->reference());
-    m_study->showChapter(fetched, fetched.Standard());
+    showChapter(fetched, fetched.Standard());
     // An unknown book leaves an empty view, and the lists stay where they were; so does a view
     // of three characters or fewer, which holds no verse.
     if (m_navigator->updatesLists() && fetched.found() && m_study->passageView()->Text().size() > 3)
@@ -385,9 +442,8 @@ void frmMain::showBookmark(int index)
         return;
     // The reference list may have lost items since the menu was built (Remove, then Cancel).
     const Passage fetched = m_bible.MoveTo(m_bookmarks.Reference(index));
-    m_study->showChapter(fetched, QStringLiteral("Bookmark: ") + fetched.Standard() +
-                                      QStringLiteral(" -- ") +
-                                      m_bookmarks.Names().value(index - 1));
+    showChapter(fetched, QStringLiteral("Bookmark: ") + fetched.Standard() +
+                             QStringLiteral(" -- ") + m_bookmarks.Names().value(index - 1));
 }
 
 void frmMain::addBookmark()
@@ -428,11 +484,13 @@ void frmMain::LoadSession()
 {
     m_placement->restore();
     placeHeader();
+    m_history->restore();
 }
 
 void frmMain::SaveSession()
 {
     m_placement->save();
+    m_history->save();
 }
 
 void frmMain::placeHeader()

@@ -96,7 +96,9 @@ HistoryNavigator::HistoryNavigator(QMainWindow *window, StudyTabs &study,
     };
     cmdBack = button("cmdBack", Qt::LeftArrow);
     cmdForward = button("cmdForward", Qt::RightArrow);
-    cmdRecent = button("cmdRecent", Qt::DownArrow);
+    // The style's own drop-down mark follows the caption.
+    cmdRecent = button("cmdRecent", Qt::NoArrow);
+    cmdRecent->setText(tr("Places"));
     cmdRecent->setToolTip(tr("Recent places"));
     cmdRecent->setMenu(mnuGoRecent);
     cmdRecent->setPopupMode(QToolButton::InstantPopup);

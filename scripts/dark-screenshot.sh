@@ -12,6 +12,7 @@ session "
     front
     for reference in 'Psalm 23' 'John 3' 'Romans 8'; do
         xdotool key --window \$main alt+r
+        xdotool key ctrl+a
         xdotool type --delay 40 \"\$reference\"
         xdotool key Return
         sleep 1

@@ -113,32 +113,53 @@ HistoryNavigator::HistoryNavigator(QMainWindow *window, StudyTabs &study,
 
 void HistoryNavigator::leaving()
 {
-    if (m_holds == 0)
+    if (m_holds == 0 && !m_away)
         m_places.updateCurrent(m_study.tabs()->currentIndex(), topPosition(m_study.shownView()));
 }
 
 void HistoryNavigator::arrived(const QString &translation, const Passage &passage)
 {
-    if (m_holds > 0 || !passage.found())
+    if (m_holds > 0)
         return;
+    if (!passage.found()) {
+        // Where the reader stood was kept as the view was left.
+        m_away = true;
+        refresh();
+        return;
+    }
+    m_away = false;
     m_places.visit({translation, passage.Standard(), m_study.tabs()->currentIndex(),
                     topPosition(m_study.shownView())});
     refresh();
 }
 
+void HistoryNavigator::wentAway()
+{
+    if (m_holds > 0 || m_away)
+        return;
+    leaving();
+    m_away = true;
+    refresh();
+}
+
 void HistoryNavigator::travel(int steps)
 {
-    const std::optional<Place> target = m_places.peek(steps);
-    if (!target)
+    // Back from what is no place goes first to the place it covered.
+    const int move = m_away && steps < 0 ? steps + 1 : steps;
+    const int index = m_places.current() + move;
+    if (m_places.current() < 0 || index < 0 || index >= m_places.places().size() ||
+        (move == 0 && !m_away))
         return;
+    const Place target = m_places.places().at(index);
     leaving();
     {
         const Hold hold(*this);
-        if (!m_go(*target))
+        if (!m_go(target))
             return;
-        m_places.step(steps);
-        showWhereReaderStood(*target);
+        m_places.step(move);
+        showWhereReaderStood(target);
     }
+    m_away = false;
     refresh();
 }
 
@@ -155,7 +176,9 @@ void HistoryNavigator::showWhereReaderStood(const Place &place)
 
 void HistoryNavigator::refresh()
 {
-    const std::optional<Place> back = m_places.peek(-1);
+    const std::optional<Place> back = m_away && m_places.current() >= 0
+                                          ? m_places.places().at(m_places.current())
+                                          : m_places.peek(-1);
     const std::optional<Place> forward = m_places.peek(1);
     mnuGoBack->setEnabled(back.has_value());
     mnuGoForward->setEnabled(forward.has_value());
@@ -180,10 +203,7 @@ void HistoryNavigator::fillRecent()
         entry->setCheckable(true);
         entry->setChecked(i == current);
         group->addAction(entry);
-        connect(entry, &QAction::triggered, this, [this, i] {
-            if (i != m_places.current())
-                travel(i - m_places.current());
-        });
+        connect(entry, &QAction::triggered, this, [this, i] { travel(i - m_places.current()); });
     }
 }
 

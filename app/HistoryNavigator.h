@@ -44,6 +44,9 @@ public:
     void leaving();
     // A passage of the translation folder shown; one that was not found is no place.
     void arrived(const QString &translation, const Passage &passage);
+    // The passage view shows what is no place (search results, a topic, a reference not found):
+    // Back returns to the place it covers first, and its scroll is not taken for the place's.
+    void wentAway();
 
     // Back (negative) or forward by that many places.
     void travel(int steps);
@@ -68,6 +71,7 @@ private:
     std::function<bool(const Place &)> m_go;
     PlaceHistory m_places;
     int m_holds = 0;
+    bool m_away = false;
     QMainWindow *m_window;
     QMenu *mnuGoRecent = nullptr;
     QToolButton *cmdBack = nullptr;

@@ -316,6 +316,7 @@ bool frmMain::goToPlace(const Place &place)
 
 void frmMain::ShowPassage(const QString &rtf, const QString &title)
 {
+    m_history->wentAway();
     m_study->showOther(rtf, title);
 }
 
@@ -396,6 +397,7 @@ void frmMain::runSearch(const clsBible &store,
     if (m_searching)
         return;
     m_searching = true;
+    m_history->wentAway();
     m_study->showPassageTab();
     std::optional<platform::BusyCursor> busy(std::in_place);
     QLabel *title = m_navigator->title();
@@ -475,6 +477,7 @@ void frmMain::showUnitsTable()
         DataFiles::ReportMissing(m_unitsPath);
         return;
     }
+    m_history->wentAway();
     m_study->showPassageTab();
     m_study->passageView()->LoadFile(m_unitsPath);
     m_study->passageView()->setSelStart(0);

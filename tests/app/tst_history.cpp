@@ -10,6 +10,7 @@
 
 #include <QAction>
 #include <QDir>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
@@ -250,6 +251,35 @@ private slots:
         QVERIFY(notes->Text().contains(QStringLiteral("Living water")));
         saved.seek(0);
         QVERIFY(!saved.readAll().contains("Born again"));
+    }
+
+    void backFromWhatIsNoPlace()
+    {
+        platform::MsgBoxAnswerer nobodyAsked;
+        ProgramHarness program(m_dir.path());
+        start(program);
+        auto *title = program.control<QLabel>("lbltitle");
+        auto *passage = program.control<platform::RichTextBox>("rtfPassage");
+        get(program, QStringLiteral("John 3"));
+        get(program, QStringLiteral("John 4"));
+        // Search results, then a reference that is not found: Back returns to the chapter they
+        // covered, then to the one before, and Forward comes back.
+        program.control<QLineEdit>("txtQuery")->setText(QStringLiteral("Nicodemus"));
+        QTest::mouseClick(program.control<QPushButton>("cmdSearch"), Qt::LeftButton);
+        QVERIFY(title->text() != QStringLiteral("JOHN 4"));
+        QVERIFY(!passage->Text().startsWith(QStringLiteral("JOHN 4")));
+        QTest::keyClick(program.main(), Qt::Key_Left, Qt::AltModifier);
+        QCOMPARE(title->text(), QStringLiteral("JOHN 4"));
+        QVERIFY(passage->Text().startsWith(QStringLiteral("JOHN 4")));
+        get(program, QStringLiteral("Hezekiah 3"));
+        QTest::keyClick(program.main(), Qt::Key_Left, Qt::AltModifier);
+        QCOMPARE(title->text(), QStringLiteral("JOHN 4"));
+        QTest::keyClick(program.main(), Qt::Key_Left, Qt::AltModifier);
+        QCOMPARE(title->text(), QStringLiteral("JOHN 3"));
+        QTest::keyClick(program.main(), Qt::Key_Right, Qt::AltModifier);
+        QCOMPARE(title->text(), QStringLiteral("JOHN 4"));
+        QCOMPARE(program.main()->History().places().places().size(), 3);
+        QCOMPARE(nobodyAsked.prompts().join(u'|'), QString());
     }
 
     void aHundredPlacesAtMost()

@@ -3,6 +3,8 @@
 #include "settings/ProgramSettings.h"
 #include "settings/clsIni.h"
 
+#include <QHash>
+
 namespace WindowSettings {
 
 namespace {
@@ -60,11 +62,16 @@ void Set(const Text &text, const QString &value)
 
 QStringList Get(const TextList &list)
 {
-    // The numbers run from 1 without a gap; the first missing one ends the list.
+    // The numbers run from 1 without a gap; the first missing one ends the list. The first of
+    // two keys of one name wins, as everywhere in the file.
+    QHash<QString, QString> byKey;
+    for (const auto &[key, value] : store().Section(s(list.section)))
+        if (!byKey.contains(key.toLower()))
+            byKey.insert(key.toLower(), value);
     QStringList values;
+    const QString prefix = s(list.keyPrefix).toLower();
     for (int i = 1;; ++i) {
-        const QString key = s(list.keyPrefix) + QString::number(i);
-        const QString value = store().Text(s(list.section), key);
+        const QString value = byKey.value(prefix + QString::number(i));
         if (value.isEmpty())
             break;
         values.append(value);

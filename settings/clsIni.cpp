@@ -223,6 +223,26 @@ QString clsIni::Text(const QString &sSection_, const QString &sKey_) const
     return at.key < 0 ? QString() : profileString(at.value);
 }
 
+QList<std::pair<QString, QString>> clsIni::Section(const QString &sSection_) const
+{
+    QList<std::pair<QString, QString>> keys;
+    const std::optional<IniFile> file = readIni(sFile);
+    if (!file)
+        return keys;
+    bool inside = false;
+    for (const IniLine &line : file->lines) {
+        const ParsedLine parsed = parseLine(line.text);
+        if (parsed.kind == LineKind::Section) {
+            if (inside)
+                break;
+            inside = sameName(parsed.name, sSection_);
+        } else if (parsed.kind == LineKind::Key && inside) {
+            keys.append({parsed.name, profileString(parsed.value)});
+        }
+    }
+    return keys;
+}
+
 void clsIni::setText(const QString &sSection_, const QString &sKey_, const QString &sText_)
 {
     writeValue(sSection_, sKey_, sText_);

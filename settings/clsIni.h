@@ -31,6 +31,9 @@ public:
     // write leaves the old file whole and tells the user once.
     void setText(const QString &sSection_, const QString &sKey_, const QString &sText_);
 
+    // Every key of the section with its value (as Text gives it), in the file's order, in one
+    // read; empty when the file or the section is missing.
+    QList<std::pair<QString, QString>> Section(const QString &sSection_) const;
     // Puts these keys and values in place of all the keys of the section (adding the section at
     // the end of the file when there is none), in one write; every other line stays as it was.
     // For lists that would otherwise take one write a value.

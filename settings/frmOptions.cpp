@@ -407,7 +407,9 @@ void frmOptions::cmdHelp_Click()
            "Font\" "
            "to pick the font of the lists, the passage or the title.\r\n"
            "General: the highlight of a right click, the most results a search shows, line breaks "
-           "between verses, and whether windows open where they were left.\r\n"
+           "between verses, whether windows open where they were left, and the look: light, dark "
+           "or as the desktop is (under the dark look the default colours show dark; colours you "
+           "chose stay).\r\n"
            "Load: the translation to open at start, or to open now.\r\n"
            "Nothing changes until you click \"Save Settings\"; \"Discard\" leaves everything as it "
            "was."),

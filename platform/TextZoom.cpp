@@ -92,7 +92,8 @@ const TextZoom *TextZoom::find(const QAbstractScrollArea *view)
                 : nullptr;
 }
 
-TextZoom::TextZoom(QAbstractScrollArea *view) : QObject(view), m_view(view), m_base(view->font())
+TextZoom::TextZoom(QAbstractScrollArea *view)
+    : QObject(view), m_view(view), m_viewport(view->viewport()), m_base(view->font())
 {
     view->installEventFilter(this);
     view->viewport()->installEventFilter(this);
@@ -104,8 +105,6 @@ TextZoom::TextZoom(QAbstractScrollArea *view) : QObject(view), m_view(view), m_b
 
 QString TextZoom::name() const
 {
-    if (!m_view)
-        return QString();
     return m_view->objectName().isEmpty() ? m_view->window()->objectName() : m_view->objectName();
 }
 
@@ -138,8 +137,6 @@ void TextZoom::zoomOut()
 
 void TextZoom::apply()
 {
-    if (!m_view)
-        return;
     QFont zoomed = m_base;
     if (m_base.pointSizeF() > 0)
         zoomed.setPointSizeF(m_base.pointSizeF() * m_percent / 100.0);
@@ -154,53 +151,53 @@ void TextZoom::apply()
 
 bool TextZoom::eventFilter(QObject *watched, QEvent *event)
 {
-    if (!m_view)
-        return false;
-    if (watched == m_view) {
-        switch (event->type()) {
-        case QEvent::FontChange:
-            // A font the program gave the view: the new base, zoomed as before.
-            if (!m_applying) {
-                m_base = m_view->font();
-                apply();
-            }
+    // The type first: while the view is being destroyed only its pointer may be compared.
+    switch (event->type()) {
+    case QEvent::FontChange:
+        // A font the program gave the view: the new base, zoomed as before.
+        if (watched == m_view && !m_applying) {
+            m_base = m_view->font();
+            apply();
+        }
+        break;
+    case QEvent::ShortcutOverride:
+        // The view's zoom keys come before any shortcut of the window.
+        if (watched == m_view && zoomKey(static_cast<QKeyEvent *>(event)) != Key::None) {
+            event->accept();
+            return true;
+        }
+        break;
+    case QEvent::KeyPress:
+        if (watched != m_view)
             break;
-        case QEvent::ShortcutOverride:
-            // The view's zoom keys come before any shortcut of the window.
-            if (zoomKey(static_cast<QKeyEvent *>(event)) != Key::None) {
-                event->accept();
-                return true;
-            }
-            break;
-        case QEvent::KeyPress:
-            switch (zoomKey(static_cast<QKeyEvent *>(event))) {
-            case Key::In:
-                zoomIn();
-                return true;
-            case Key::Out:
-                zoomOut();
-                return true;
-            case Key::Reset:
-                reset();
-                return true;
-            case Key::None:
-                break;
-            }
-            break;
-        default:
+        switch (zoomKey(static_cast<QKeyEvent *>(event))) {
+        case Key::In:
+            zoomIn();
+            return true;
+        case Key::Out:
+            zoomOut();
+            return true;
+        case Key::Reset:
+            reset();
+            return true;
+        case Key::None:
             break;
         }
-    } else if (watched == m_view->viewport() && event->type() == QEvent::Wheel) {
-        const auto *wheel = static_cast<QWheelEvent *>(event);
-        if (wheel->modifiers() & Qt::ControlModifier) {
+        break;
+    case QEvent::Wheel:
+        if (watched == m_viewport &&
+            (static_cast<QWheelEvent *>(event)->modifiers() & Qt::ControlModifier)) {
             // A notch of the wheel is one step; the small deltas of a touch pad add up to one.
-            m_wheel += wheel->angleDelta().y();
+            m_wheel += static_cast<QWheelEvent *>(event)->angleDelta().y();
             for (; m_wheel >= 120; m_wheel -= 120)
                 zoomIn();
             for (; m_wheel <= -120; m_wheel += 120)
                 zoomOut();
             return true;
         }
+        break;
+    default:
+        break;
     }
     return false;
 }

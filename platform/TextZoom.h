@@ -2,7 +2,6 @@
 
 #include <QFont>
 #include <QObject>
-#include <QPointer>
 #include <QString>
 
 #include <functional>
@@ -54,7 +53,9 @@ private:
     void apply();
     QString name() const;
 
-    QPointer<QAbstractScrollArea> m_view;
+    // The zoom is the view's child and goes with it.
+    QAbstractScrollArea *const m_view;
+    const QObject *m_viewport;
     QFont m_base;
     int m_percent = 100;
     int m_wheel = 0;

@@ -40,12 +40,11 @@ int topPosition(const platform::RichTextBox *view)
 void scrollTo(platform::RichTextBox *view, int textPosition)
 {
     const QTextDocument *document = view->document();
-    // The whole text laid out first, so that the scroll bar reaches as far as the place.
-    document->documentLayout()->documentSize();
     const QTextBlock block = document->findBlock(
         std::clamp(view->documentPosition(textPosition), 0, document->characterCount() - 1));
-    // Rounded up: a top between two pixels would otherwise show the previous paragraph's last
-    // pixel line at the top and count it as the top paragraph.
+    // Asking for the paragraph's place lays the text out that far, and the scroll bar reaches
+    // it. Rounded up: a top between two pixels would otherwise show the previous paragraph's
+    // last pixel line at the top and count it as the top paragraph.
     const qreal y = block == document->firstBlock()
                         ? 0.0
                         : document->documentLayout()->blockBoundingRect(block).top();

@@ -60,13 +60,6 @@ class TestHistory : public QObject
                 program.control<QTabWidget>("SSTab1")->currentIndex()};
     }
 
-    static void get(ProgramHarness &program, const QString &reference)
-    {
-        auto *box = program.control<QLineEdit>("txtReference");
-        box->setText(reference);
-        QTest::mouseClick(program.control<QPushButton>("cmdGet"), Qt::LeftButton);
-    }
-
     static void chooseTranslation(ProgramHarness &program, const QString &folder)
     {
         for (QAction *menu : program.main()->menuBar()->actions()) {
@@ -135,16 +128,16 @@ private slots:
         // Each move: the tab the reader turns to first (-1: none), then the move. Leaving a
         // place keeps the tab the reader had turned to.
         const std::pair<int, std::function<void()>> moves[] = {
-            {-1, [&] { get(program, QStringLiteral("John 3")); }},
+            {-1, [&] { program.getReference(QStringLiteral("John 3")); }},
             {-1,
              [&] {
                  auto *chapters = program.control<QListWidget>("lstChapters");
                  QTest::mouseClick(chapters->viewport(), Qt::LeftButton, {},
                                    chapters->visualItemRect(chapters->item(4)).center());
              }},
-            {1, [&] { get(program, QStringLiteral("Psalm 23")); }},
+            {1, [&] { program.getReference(QStringLiteral("Psalm 23")); }},
             {0, [&] { chooseTranslation(program, QStringLiteral("WEB")); }},
-            {-1, [&] { get(program, QStringLiteral("Psalm 119")); }},
+            {-1, [&] { program.getReference(QStringLiteral("Psalm 119")); }},
             {-1,
              [&] {
                  // Well down the long psalm before the next move.
@@ -152,9 +145,9 @@ private slots:
                  view->verticalScrollBar()->setValue(view->verticalScrollBar()->maximum() / 2);
                  psalmTop = top(program);
                  QVERIFY(psalmTop > 50);
-                 get(program, QStringLiteral("Romans 8"));
+                 program.getReference(QStringLiteral("Romans 8"));
              }},
-            {2, [&] { get(program, QStringLiteral("Genesis 3")); }},
+            {2, [&] { program.getReference(QStringLiteral("Genesis 3")); }},
             {-1, [&] { chooseTranslation(program, QStringLiteral("RV1909")); }},
             {0, [&] { program.main()->GoToReference(QStringLiteral("Juan 1")); }},
             {-1, [&] { chooseTranslation(program, QStringLiteral("KJVS")); }},
@@ -211,7 +204,7 @@ private slots:
         QCOMPARE(recent->actions().at(9)->text(), QStringLiteral("JOHN 3 (KJV)"));
         recent->actions().at(9)->trigger();
         QCOMPARE(seen(program), places.at(1));
-        get(program, QStringLiteral("Acts 2"));
+        program.getReference(QStringLiteral("Acts 2"));
         QCOMPARE(history.places().places().size(), 3);
         QVERIFY(!program.control<QToolButton>("cmdForward")->isEnabled());
         QCOMPARE(nobodyAsked.prompts().join(u'|'), QString());
@@ -221,9 +214,9 @@ private slots:
     {
         ProgramHarness program(m_dir.path());
         start(program);
-        get(program, QStringLiteral("John 3"));
+        program.getReference(QStringLiteral("John 3"));
         showTab(program, 1);
-        get(program, QStringLiteral("John 4"));
+        program.getReference(QStringLiteral("John 4"));
         auto *notes = program.control<platform::RichTextBox>("rtfNotes");
         notes->setFocus();
         QTest::keyClicks(notes, QStringLiteral("Living water"));
@@ -260,8 +253,8 @@ private slots:
         start(program);
         auto *title = program.control<QLabel>("lbltitle");
         auto *passage = program.control<platform::RichTextBox>("rtfPassage");
-        get(program, QStringLiteral("John 3"));
-        get(program, QStringLiteral("John 4"));
+        program.getReference(QStringLiteral("John 3"));
+        program.getReference(QStringLiteral("John 4"));
         // Search results, then a reference that is not found: Back returns to the chapter they
         // covered, then to the one before, and Forward comes back.
         program.control<QLineEdit>("txtQuery")->setText(QStringLiteral("Nicodemus"));
@@ -271,7 +264,7 @@ private slots:
         QTest::keyClick(program.main(), Qt::Key_Left, Qt::AltModifier);
         QCOMPARE(title->text(), QStringLiteral("JOHN 4"));
         QVERIFY(passage->Text().startsWith(QStringLiteral("JOHN 4")));
-        get(program, QStringLiteral("Hezekiah 3"));
+        program.getReference(QStringLiteral("Hezekiah 3"));
         QTest::keyClick(program.main(), Qt::Key_Left, Qt::AltModifier);
         QCOMPARE(title->text(), QStringLiteral("JOHN 4"));
         QTest::keyClick(program.main(), Qt::Key_Left, Qt::AltModifier);
@@ -309,9 +302,9 @@ private slots:
         {
             ProgramHarness program(m_dir.path());
             start(program);
-            get(program, QStringLiteral("John 3"));
+            program.getReference(QStringLiteral("John 3"));
             chooseTranslation(program, QStringLiteral("WEB"));
-            get(program, QStringLiteral("Mark 2"));
+            program.getReference(QStringLiteral("Mark 2"));
             QTest::keyClick(program.main(), Qt::Key_Left, Qt::AltModifier);
         }
         ProgramHarness program(m_dir.path());

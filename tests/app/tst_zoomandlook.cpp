@@ -128,7 +128,7 @@ private slots:
             program.main()->InitiateSession();
 
             // The notes, saved, zoomed with the wheel and saved again: the same bytes.
-            program.main()->GoToReference(QStringLiteral("John 3"));
+            program.getReference(QStringLiteral("John 3"));
             program.control<QTabWidget>("SSTab1")->setCurrentIndex(1);
             auto *notes = program.control<platform::RichTextBox>("rtfNotes");
             notes->setFocus();

@@ -9,10 +9,12 @@
 #include "settings/SettingsRecords.h"
 #include "settings/frmOptions.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTabWidget>
@@ -82,11 +84,19 @@ class TestZoomAndLook : public QObject
         return program.control<platform::RichTextBox>(view)->font().pointSizeF();
     }
 
+    // The dictionary window's definition, a plain text view, opened from the menu.
+    static QPlainTextEdit *definition(ProgramHarness &program)
+    {
+        program.control<QAction>("mnuReferencesDictionary")->trigger();
+        return program.control<QPlainTextEdit>("txtDefinition");
+    }
+
 private slots:
     void initTestCase()
     {
         const QString imported = qEnvironmentVariable("QS_PROGRAM_DIR");
-        for (const QString &folder : {QStringLiteral("KJV"), QStringLiteral("tvc")})
+        for (const QString &folder :
+             {QStringLiteral("KJV"), QStringLiteral("tvc"), QStringLiteral("Dictionary.dat")})
             QVERIFY(QFile::link(imported + u'/' + folder, m_dir.filePath(folder)));
         m_shippedLook =
             readAll(qEnvironmentVariable("QS_SOURCE_DIR") + QStringLiteral("/data/display.cfg"));
@@ -148,6 +158,11 @@ private slots:
             QTest::keyClick(notes, Qt::Key_0, Qt::ControlModifier);
             QCOMPARE(points(program, "rtfNotes"), base);
             wheel(notes->viewport(), -1);
+
+            // A reference window's view zooms the same way.
+            QPlainTextEdit *dictionary = definition(program);
+            QTest::keyClick(dictionary, Qt::Key_Plus, Qt::ControlModifier);
+            QCOMPARE(dictionary->font().pointSizeF(), base * 1.1);
             QCOMPARE(nobodyAsked.prompts().join(u'|'), QString());
         }
         // The next session: each view as it was left; the options and the notes untouched.
@@ -156,6 +171,7 @@ private slots:
         QCOMPARE(points(program, "rtfPassage"), base * 1.25);
         QCOMPARE(points(program, "rtfNotes"), base * 0.9);
         QCOMPARE(points(program, "rtfTVC"), base);
+        QCOMPARE(definition(program)->font().pointSizeF(), base * 1.1);
         QCOMPARE(readAll(file("display.cfg")), m_shippedLook);
         QCOMPARE(readAll(file("notes/newtest/JOHN.dat")), notesFile);
     }

@@ -7,6 +7,7 @@
 #include "platform/FileSystem.h"
 #include "platform/MsgBox.h"
 #include "platform/RichTextBox.h"
+#include "platform/TextZoom.h"
 #include "platform/clsCommonOpenDialog.h"
 #include "scripture/basStrings.h"
 #include "settings/ProgramSettings.h"
@@ -16,6 +17,9 @@
 #include <QDir>
 #include <QGuiApplication>
 #include <QSignalBlocker>
+#include <QTextDocument>
+
+#include <memory>
 
 namespace PassageCommands {
 
@@ -97,7 +101,16 @@ void SaveAs(const platform::RichTextBox *view, QWidget *parent)
 
 void Print(const platform::RichTextBox *view, const QString &title, QWidget *parent)
 {
-    frmPrint dialog(view->document(), title, parent);
+    // The pages get the options' font, whatever zoom the reader has on screen.
+    const QTextDocument *document = view->document();
+    std::unique_ptr<QTextDocument> unzoomed;
+    if (const platform::TextZoom *zoom = platform::TextZoom::find(view);
+        zoom && zoom->percent() != 100) {
+        unzoomed.reset(document->clone());
+        unzoomed->setDefaultFont(zoom->baseFont());
+        document = unzoomed.get();
+    }
+    frmPrint dialog(document, title, parent);
     dialog.exec();
 }
 

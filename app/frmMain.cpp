@@ -1,5 +1,6 @@
 #include "app/frmMain.h"
 
+#include "app/HistoryNavigator.h"
 #include "app/MainMenus.h"
 #include "app/NavigatorPane.h"
 #include "app/PassageCommands.h"
@@ -14,6 +15,7 @@
 #include "platform/InputBox.h"
 #include "platform/MsgBox.h"
 #include "platform/RichTextBox.h"
+#include "platform/TextZoom.h"
 #include "scripture/StrongConcordance.h"
 #include "scripture/TranslationList.h"
 #include "scripture/VerseMapping.h"
@@ -21,6 +23,7 @@
 #include "settings/ProgramSettings.h"
 #include "settings/WindowPlacement.h"
 #include "settings/WindowSettings.h"
+#include "settings/basSettings.h"
 #include "settings/frmOptions.h"
 
 #include <QAction>
@@ -54,6 +57,13 @@ constexpr int kMinHeightTwips = 4080;
 frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
 {
     setObjectName(QStringLiteral("frmMain"));
+    // Every text view of the program, this window's own among them, zooms and keeps its zoom
+    // from one session to the next.
+    platform::TextZoom::InstallEverywhere(
+        [](const QString &view) { return WindowSettings::Get(WindowSettings::ZoomPercent, view); },
+        [](const QString &view, int percent) {
+            WindowSettings::Set(WindowSettings::ZoomPercent, view, percent);
+        });
     auto *central = new QWidget(this);
     auto *layout = new QVBoxLayout(central);
     layout->setContentsMargins(6, 6, 6, 6);
@@ -77,6 +87,8 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
     setCentralWidget(central);
     m_menus = new MainMenus(this);
     m_tools = std::make_unique<ToolWindows>(*this, this);
+    m_history =
+        new HistoryNavigator(this, *m_study, [this](const Place &p) { return goToPlace(p); });
     connectCommands();
 
     m_placement = new WindowPlacement(this, QStringLiteral("main"),
@@ -117,12 +129,9 @@ void frmMain::connectCommands()
     // passage tab.
     connect(m_study, &StudyTabs::parallelReferenceChosen, this,
             [this](const QString &folder, const QString &reference) {
-                if (folder.compare(m_translationFolder, Qt::CaseInsensitive) != 0) {
-                    emit translationChosen(folder);
-                    // Kept on the translation open (unsaved notes that could not be saved).
-                    if (folder.compare(m_translationFolder, Qt::CaseInsensitive) != 0)
-                        return;
-                }
+                // Kept on the translation open (unsaved notes that could not be saved).
+                if (!switchTranslationFor(folder))
+                    return;
                 m_study->showPassageTab();
                 GoToReference(reference);
             });
@@ -196,6 +205,20 @@ void frmMain::checkDataFiles()
 
 bool frmMain::LoadTranslation(const QString &folder)
 {
+    // Opening a translation shows a chapter or two on the way; only where it ends is a step.
+    m_history->leaving();
+    bool opened = false;
+    {
+        const HistoryNavigator::Hold hold(*m_history);
+        opened = openTranslation(folder);
+    }
+    if (opened)
+        m_history->arrived(m_translationFolder, m_study->chapterOnDisplay());
+    return opened;
+}
+
+bool frmMain::openTranslation(const QString &folder)
+{
     // Keep the reader's place when another translation is opened over this one: the book and
     // chapter carried through both translations' verse numbering.
     const bool reopening = !m_translationFolder.isEmpty();
@@ -236,8 +259,22 @@ bool frmMain::LoadTranslation(const QString &folder)
     return true;
 }
 
+bool frmMain::switchTranslationFor(const QString &folder)
+{
+    if (folder.compare(m_translationFolder, Qt::CaseInsensitive) == 0)
+        return true;
+    // The reader is going to a verse, not opening a translation to read: the verse of the day
+    // would stand in the way.
+    m_switchingForPlace = true;
+    emit translationChosen(folder);
+    m_switchingForPlace = false;
+    return folder.compare(m_translationFolder, Qt::CaseInsensitive) == 0;
+}
+
 void frmMain::ShowVerseOfDayAfterLoad()
 {
+    if (m_switchingForPlace)
+        return;
     const int show = WindowSettings::Get(WindowSettings::VerseOfDay);
     if (show != 0)
         m_tools->verseOfDay(show);
@@ -255,6 +292,7 @@ void frmMain::InitiateSession()
     m_bible.setSeparator(settings.general.lineBreaks ? QStringLiteral("\r\n")
                                                      : QStringLiteral(" "));
     settings.searchLimit = settings.general.maxSearchResults;
+    ApplyLookScheme(WindowSettings::Get(WindowSettings::LookScheme));
     m_navigator->applyLook(settings.display);
     m_study->applyLook(settings.display);
     placeHeader();
@@ -267,11 +305,41 @@ void frmMain::lstChapters_Click(const QString &book, int chapter)
     if (!m_study->askToKeepNotes())
         return;
     const Passage fetched = m_bible.MoveToPassage(book, chapter);
-    m_study->showChapter(fetched, fetched.Standard());
+    showChapter(fetched, fetched.Standard());
+}
+
+void frmMain::showChapter(const Passage &fetched, const QString &title)
+{
+    m_history->leaving();
+    m_study->showChapter(fetched, title);
+    m_history->arrived(m_translationFolder, fetched);
+}
+
+bool frmMain::goToPlace(const Place &place)
+{
+    if (!m_study->askToKeepNotes())
+        return false;
+    if (place.translation.compare(m_translationFolder, Qt::CaseInsensitive) != 0) {
+        if (!TranslationList::IsTranslation(
+                basStrings::JoinPath(programFolder(), place.translation))) {
+            platform::MsgBox(tr("The translation \"%1\" of %2 is not installed any more.")
+                                 .arg(place.translation, place.reference),
+                             vb::vbExclamation);
+            return false;
+        }
+        if (!switchTranslationFor(place.translation))
+            return false;
+    }
+    const Passage fetched = m_bible.MoveTo(place.reference);
+    showChapter(fetched, fetched.Standard());
+    if (m_navigator->updatesLists() && fetched.found())
+        m_navigator->markPassage(fetched);
+    return true;
 }
 
 void frmMain::ShowPassage(const QString &rtf, const QString &title)
 {
+    m_history->wentAway();
     m_study->showOther(rtf, title);
 }
 
@@ -286,7 +354,7 @@ void frmMain::cmdGet_Click()
     if (!m_study->askToKeepNotes())
         return;
     const Passage fetched = m_bible.MoveTo(m_navigator->reference());
-    m_study->showChapter(fetched, fetched.Standard());
+    showChapter(fetched, fetched.Standard());
     // An unknown book leaves an empty view, and the lists stay where they were; so does a view
     // of three characters or fewer, which holds no verse.
     if (m_navigator->updatesLists() && fetched.found() && m_study->passageView()->Text().size() > 3)
@@ -352,6 +420,7 @@ void frmMain::runSearch(const clsBible &store,
     if (m_searching)
         return;
     m_searching = true;
+    m_history->wentAway();
     m_study->showPassageTab();
     std::optional<platform::BusyCursor> busy(std::in_place);
     QLabel *title = m_navigator->title();
@@ -398,9 +467,8 @@ void frmMain::showBookmark(int index)
         return;
     // The reference list may have lost items since the menu was built (Remove, then Cancel).
     const Passage fetched = m_bible.MoveTo(m_bookmarks.Reference(index));
-    m_study->showChapter(fetched, QStringLiteral("Bookmark: ") + fetched.Standard() +
-                                      QStringLiteral(" -- ") +
-                                      m_bookmarks.Names().value(index - 1));
+    showChapter(fetched, QStringLiteral("Bookmark: ") + fetched.Standard() +
+                             QStringLiteral(" -- ") + m_bookmarks.Names().value(index - 1));
 }
 
 void frmMain::addBookmark()
@@ -432,6 +500,7 @@ void frmMain::showUnitsTable()
         DataFiles::ReportMissing(m_unitsPath);
         return;
     }
+    m_history->wentAway();
     m_study->showPassageTab();
     m_study->passageView()->LoadFile(m_unitsPath);
     m_study->passageView()->setSelStart(0);
@@ -441,11 +510,13 @@ void frmMain::LoadSession()
 {
     m_placement->restore();
     placeHeader();
+    m_history->restore();
 }
 
 void frmMain::SaveSession()
 {
     m_placement->save();
+    m_history->save();
 }
 
 void frmMain::placeHeader()

@@ -1,5 +1,6 @@
 #include "app/frmMain.h"
 
+#include "app/FoundVerseDelegate.h"
 #include "app/MainMenus.h"
 #include "app/NavigatorPane.h"
 #include "app/PassageCommands.h"
@@ -469,4 +470,27 @@ bool frmMain::eventFilter(QObject *watched, QEvent *event)
         }
     }
     return QMainWindow::eventFilter(watched, event);
+}
+
+void frmMain::MarkInPassage(const PassageMarks &find)
+{
+    platform::RichTextBox *view = m_study->passageView();
+    const QString text = view->Text();
+    QTextCharFormat look;
+    look.setBackground(FoundVerseDelegate::MarkColor());
+    look.setForeground(QColor(Qt::black));
+    QList<QTextEdit::ExtraSelection> marks;
+    for (const auto &[start, length] : find(text)) {
+        QTextEdit::ExtraSelection mark{QTextCursor(view->document()), look};
+        mark.cursor.setPosition(view->documentPosition(start));
+        mark.cursor.setPosition(view->documentPosition(start + length), QTextCursor::KeepAnchor);
+        marks.append(mark);
+    }
+    // The marks lie over the text, not in it: saving, copying and printing never see them, and
+    // they go as soon as the view is given other text.
+    view->setExtraSelections(marks);
+    if (!marks.isEmpty())
+        connect(
+            view, &QTextEdit::textChanged, view, [view] { view->setExtraSelections({}); },
+            Qt::SingleShotConnection);
 }

@@ -1,10 +1,15 @@
 #include "app/frmSearch.h"
 
+#include "app/BookHitsChart.h"
+#include "app/FoundVerseDelegate.h"
 #include "library/MainWindowLink.h"
 #include "platform/BusyCursor.h"
+#include "platform/FileSystem.h"
 #include "platform/InputOnlyTo.h"
 #include "platform/MsgBox.h"
+#include "platform/clsCommonOpenDialog.h"
 #include "scripture/AdvancedSearch.h"
+#include "scripture/TranslationList.h"
 #include "scripture/basStrings.h"
 #include "scripture/clsBible.h"
 #include "settings/ProgramSettings.h"
@@ -23,7 +28,11 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSet>
+#include <QSplitter>
 #include <QVBoxLayout>
+
+#include <memory>
 
 namespace {
 const QString kSection = QStringLiteral("search");
@@ -55,14 +64,22 @@ frmSearch::frmSearch(MainWindowLink &main, QWidget *parent)
     optExact = new QRadioButton(tr("E&xact phrase"));
     optExact->setObjectName(QStringLiteral("optExact"));
     optExact->setToolTip(tr("This will search for the phrase exactly as you typed it"));
+    optQuery = new QRadioButton(tr("&Query"));
+    optQuery->setObjectName(QStringLiteral("optQuery"));
+    optQuery->setToolTip(tr("Words, \"a phrase\", OR, -word, (groups), lov*, l?ve, /regular "
+                            "expression/ and Strong's numbers such as H430"));
     optAllWords->setChecked(true);
     auto *methodLayout = new QVBoxLayout(method);
     methodLayout->addWidget(optAnyWord);
     methodLayout->addWidget(optAllWords);
     methodLayout->addWidget(optExact);
+    methodLayout->addWidget(optQuery);
     chkWordSearch = new QCheckBox(tr("&Word Search"));
     chkWordSearch->setObjectName(QStringLiteral("chkWordSearch"));
     chkWordSearch->setToolTip(tr("Search for whole words only"));
+    chkWithin = new QCheckBox(tr("Search w&ithin these results"));
+    chkWithin->setObjectName(QStringLiteral("chkWithin"));
+    chkWithin->setToolTip(tr("Keeps only the verses of the list shown that the next search finds"));
 
     auto *lblBooks = new QLabel(tr("Choose &Books to search:"));
     lstBooks = new QListWidget;
@@ -74,12 +91,22 @@ frmSearch::frmSearch(MainWindowLink &main, QWidget *parent)
     chkOldTestament->setObjectName(QStringLiteral("chkOldTestament"));
     chkNewTestament = new QCheckBox(tr("&New Testament"));
     chkNewTestament->setObjectName(QStringLiteral("chkNewTestament"));
+    auto *lblTranslations = new QLabel(tr("Also search &translations:"));
+    lstTranslations = new QListWidget;
+    lstTranslations->setObjectName(QStringLiteral("lstTranslations"));
+    lstTranslations->setToolTip(tr("Tick the translations to search beside the open one"));
+    lstTranslations->setMaximumHeight(90);
+    lblTranslations->setBuddy(lstTranslations);
 
     lstResults = new QListWidget;
     lstResults->setObjectName(QStringLiteral("lstResults"));
     lstResults->setToolTip(tr("This shows the list of verses containing your search criteria"));
     // Tens of thousands of results are listed at once.
     lstResults->setUniformItemSizes(true);
+    m_delegate = new FoundVerseDelegate(lstResults);
+    lstResults->setItemDelegate(m_delegate);
+    picChart = new BookHitsChart;
+    picChart->setToolTip(tr("Verses found in each book: click a bar to list only that book"));
     lbltitle = new QLabel;
     lbltitle->setObjectName(QStringLiteral("lbltitle"));
     picProgress = new QProgressBar;
@@ -92,36 +119,54 @@ frmSearch::frmSearch(MainWindowLink &main, QWidget *parent)
     cmdShowAll = new QPushButton(tr("Show A&ll"));
     cmdShowAll->setObjectName(QStringLiteral("cmdShowAll"));
     cmdShowAll->setToolTip(tr("Shows every verse found in the main window"));
+    cmdStop = new QPushButton(tr("Sto&p"));
+    cmdStop->setObjectName(QStringLiteral("cmdStop"));
+    cmdStop->setToolTip(tr("Stops the search, keeping what it found so far"));
+    cmdStop->setEnabled(false);
+    cmdExport = new QPushButton(tr("&Export..."));
+    cmdExport->setObjectName(QStringLiteral("cmdExport"));
+    cmdExport->setToolTip(tr("Saves the verses listed as text or CSV"));
+    cmdClearFilter = new QPushButton(tr("Every boo&k"));
+    cmdClearFilter->setObjectName(QStringLiteral("cmdClearFilter"));
+    cmdClearFilter->setToolTip(tr("Lists the verses of every book again"));
+    cmdClearFilter->setEnabled(false);
 
     auto *left = new QVBoxLayout;
     auto *queryRow = new QHBoxLayout;
     queryRow->addWidget(txtQuery, 1);
     queryRow->addWidget(cmdSearch);
+    queryRow->addWidget(cmdStop);
     left->addWidget(lblQuery);
     left->addLayout(queryRow);
     left->addWidget(method);
     left->addWidget(chkWordSearch);
+    left->addWidget(chkWithin);
     left->addWidget(lblBooks);
     left->addWidget(lstBooks, 1);
     auto *testaments = new QHBoxLayout;
     testaments->addWidget(chkOldTestament);
     testaments->addWidget(chkNewTestament);
     left->addLayout(testaments);
+    left->addWidget(lblTranslations);
+    left->addWidget(lstTranslations);
 
     auto *right = new QVBoxLayout;
     right->addWidget(lbltitle);
     right->addWidget(lstResults, 1);
+    right->addWidget(picChart);
     right->addWidget(picProgress);
     auto *buttons = new QHBoxLayout;
+    buttons->addWidget(cmdClearFilter);
+    buttons->addWidget(cmdExport);
     buttons->addStretch(1);
     buttons->addWidget(cmdShowVerse);
     buttons->addWidget(cmdShowAll);
     right->addLayout(buttons);
 
     auto *layout = new QHBoxLayout(this);
-    layout->addLayout(left, 1);
-    layout->addLayout(right, 1);
-    resize(640, 520);
+    layout->addLayout(left, 2);
+    layout->addLayout(right, 5);
+    resize(960, 640);
 
     connect(cmdSearch, &QPushButton::clicked, this, &frmSearch::cmdSearch_Click);
     connect(txtQuery, &QLineEdit::returnPressed, this, &frmSearch::cmdSearch_Click);
@@ -131,6 +176,12 @@ frmSearch::frmSearch(MainWindowLink &main, QWidget *parent)
     connect(chkOldTestament, &QCheckBox::clicked, this, &frmSearch::chkOldTestament_Click);
     connect(chkNewTestament, &QCheckBox::clicked, this, &frmSearch::chkNewTestament_Click);
     connect(lstBooks, &QListWidget::itemSelectionChanged, this, &frmSearch::showTestamentChoice);
+    connect(cmdStop, &QPushButton::clicked, this, &frmSearch::cmdStop_Click);
+    connect(cmdExport, &QPushButton::clicked, this, &frmSearch::cmdExport_Click);
+    connect(cmdClearFilter, &QPushButton::clicked, this, &frmSearch::cmdClearFilter_Click);
+    // A click on the bar of the book the list is kept to lists every book again.
+    connect(picChart, &BookHitsChart::bookClicked, this,
+            [this](int book) { filterToBook(book == m_filterBook ? 0 : book); });
 
     Form_Load();
 }
@@ -154,6 +205,8 @@ void frmSearch::Form_Load()
         lstBooks->item(i)->setSelected(saved.isEmpty() ||
                                        (i < saved.size() && saved.at(i) == u'1'));
     showTestamentChoice();
+    listTranslations();
+    showFound();
 
     m_placement = new WindowPlacement(this, kSection);
     m_placement->restore();
@@ -205,6 +258,32 @@ void frmSearch::chkNewTestament_Click()
     chooseTestament(1, chkNewTestament->isChecked());
 }
 
+QString frmSearch::openFolder() const
+{
+    QString path = m_main.Bible().VersionPath();
+    while (path.endsWith(u'/') || path.endsWith(u'\\'))
+        path.chop(1);
+    const qsizetype cut = std::max(path.lastIndexOf(u'/'), path.lastIndexOf(u'\\'));
+    return path.mid(cut + 1);
+}
+
+void frmSearch::listTranslations()
+{
+    const QString open = openFolder();
+    for (const InstalledTranslation &translation :
+         TranslationList::List(ProgramSettings::instance().programFolder())) {
+        if (translation.folder.compare(open, Qt::CaseInsensitive) == 0)
+            continue;
+        auto *item = new QListWidgetItem(translation.folder + QStringLiteral(" - ") +
+                                         translation.displayName);
+        item->setData(Qt::UserRole, translation.folder);
+        item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsUserCheckable);
+        item->setCheckState(Qt::Unchecked);
+        lstTranslations->addItem(item);
+    }
+    lstTranslations->setEnabled(lstTranslations->count() > 0);
+}
+
 void frmSearch::cmdSearch_Click()
 {
     // 1. The search lets the window repaint between books; a second start meanwhile is refused.
@@ -226,46 +305,213 @@ void frmSearch::cmdSearch_Click()
     for (int i = 0; i < lstBooks->count(); ++i)
         options.books.append(lstBooks->item(i)->isSelected());
 
+    // The open translation first, then the ones ticked, each through a store of its own.
+    const QString programFolder = ProgramSettings::instance().programFolder();
+    QStringList folders{openFolder()};
+    std::vector<std::unique_ptr<clsBible>> others;
+    QList<const clsBible *> stores{&m_main.Bible()};
+    for (int i = 0; i < lstTranslations->count(); ++i) {
+        const QListWidgetItem *item = lstTranslations->item(i);
+        if (item->checkState() != Qt::Checked)
+            continue;
+        const QString folder = item->data(Qt::UserRole).toString();
+        auto store = std::make_unique<clsBible>();
+        store->setVersionPath(basStrings::JoinPath(programFolder, folder));
+        store->setSeparator(m_main.Bible().Separator());
+        folders.append(folder);
+        stores.append(store.get());
+        others.push_back(std::move(store));
+    }
+    // Searching within the results keeps what the list holds now.
+    const bool within = chkWithin->isChecked();
+    QSet<QString> previous;
+    if (within) {
+        for (const FoundVerse &verse : std::as_const(m_found))
+            previous.insert(verse.translation + u'\t' + verse.Reference());
+    }
+
     // 3. Start afresh.
     lstResults->clear();
+    m_found.clear();
     m_running = true;
+    m_stopRequested = false;
+    cmdStop->setEnabled(true);
     lbltitle->setText(QString());
     platform::BusyCursor busy;
-    // This window takes clicks meanwhile, so that a second Search is refused in words.
+    // This window takes clicks meanwhile, so that a second Search is refused in words and Stop
+    // is heard.
     platform::InputOnlyTo onlyHere(this);
-    AdvancedSearch search;
-    search.onProgress = [this, &onlyHere](int book, int) {
-        picProgress->setValue(book);
-        onlyHere.yield();
-    };
-    search.onOverLimit = [](const QString &message) {
-        platform::MsgBox(message, vb::vbCritical | vb::vbOKOnly);
-    };
-    const AdvancedSearch::Result result = search.run(m_main.Bible(), options);
-    // The whole list goes in at once: tens of thousands of results one by one would take seconds.
-    lstResults->addItems(SearchHit::References(result.hits));
-    lbltitle->setText(result.title);
+    QList<QList<FoundVerse>> perTranslation;
+    QString title;
+    QString failure;
+    bool stopped = false;
+    const int rounds = int(stores.size());
+    picProgress->setRange(0, std::max(1, rounds * m_main.Bible().BooksCount()));
+    for (int t = 0; t < rounds && !stopped; ++t) {
+        const clsBible &store = *stores.at(t);
+        const int offset = t * m_main.Bible().BooksCount();
+        AdvancedSearch search;
+        search.onProgress = [this, &onlyHere, offset](int book, int) {
+            picProgress->setValue(offset + book);
+            onlyHere.yield();
+        };
+        search.onOverLimit = [](const QString &message) {
+            platform::MsgBox(message, vb::vbCritical | vb::vbOKOnly);
+        };
+        search.stopRequested = [this] { return m_stopRequested; };
+        const AdvancedSearch::Result result = search.run(store, options);
+        if (!result.failureMessage.isEmpty() && failure.isEmpty())
+            failure = folders.size() > 1
+                          ? folders.at(t) + QStringLiteral(": ") + result.failureMessage
+                          : result.failureMessage;
+        stopped = result.stopped;
+        if (t == 0) {
+            title = result.title;
+        }
+        perTranslation.append(FoundVerses::FromHits(result.hits, store, folders.at(t)));
+        if (t == 0) {
+            const QStringList words = AdvancedSearch::Words(options.query);
+            const QString phrase =
+                basStrings::UpperCase(basStrings::TrimBlanks(options.query).toString());
+            const QStringList marked =
+                result.mode == AdvancedSearch::Mode::ExactPhrase ? QStringList{phrase} : words;
+            const bool wholeWord = options.wholeWord;
+            m_marks = [marked, wholeWord](const QString &text) {
+                return FoundVerses::WordSpans(text, marked, wholeWord);
+            };
+        }
+    }
+    m_found = rounds == 1 ? perTranslation.value(0) : FoundVerses::Interleave(perTranslation);
+    if (within) {
+        QList<FoundVerse> kept;
+        for (const FoundVerse &verse : std::as_const(m_found)) {
+            if (previous.contains(verse.translation + u'\t' + verse.Reference()))
+                kept.append(verse);
+        }
+        m_found = kept;
+    }
+    // The three modes over the open translation alone keep their own title; searching several
+    // translations or within results counts what is listed.
+    if (rounds > 1 || within)
+        title = QString::number(m_found.size()) + QStringLiteral(" Matches");
+    if (stopped)
+        title = tr("%1 Matches before the search was stopped").arg(m_found.size());
+    showFound();
+    lbltitle->setText(title);
     m_lastQuery = options.query;
-    m_lastHits = result.hits;
+    cmdStop->setEnabled(false);
     m_running = false;
-    if (!result.failureMessage.isEmpty())
-        platform::MsgBox(result.failureMessage);
+    if (!failure.isEmpty())
+        platform::MsgBox(failure);
+}
+
+void frmSearch::showFound()
+{
+    m_delegate->setVerses(
+        &m_found, m_marks,
+        lstTranslations->count() > 0 &&
+            std::any_of(m_found.cbegin(), m_found.cend(), [this](const FoundVerse &v) {
+                return v.translation != m_found.first().translation;
+            }));
+    // The whole list goes in at once: tens of thousands of results one by one would take seconds.
+    QStringList references;
+    references.reserve(m_found.size());
+    for (const FoundVerse &verse : std::as_const(m_found))
+        references.append(verse.Reference());
+    lstResults->clear();
+    lstResults->addItems(references);
+    const clsBible &bible = m_main.Bible();
+    QStringList books;
+    for (int b = 1; b <= bible.BooksCount(); ++b)
+        books.append(bible.BookName(b));
+    picChart->setCounts(books, bible.OldTestamentCount(),
+                        FoundVerses::HitsPerBook(m_found, bible.BooksCount()));
+    m_filterBook = 0;
+    picChart->setChosenBook(0);
+    cmdClearFilter->setEnabled(false);
+    cmdExport->setEnabled(!m_found.isEmpty());
+}
+
+void frmSearch::filterToBook(int book)
+{
+    m_filterBook = book;
+    picChart->setChosenBook(book);
+    lstResults->setUpdatesEnabled(false);
+    for (int row = 0; row < lstResults->count() && row < m_found.size(); ++row)
+        lstResults->setRowHidden(row, book != 0 && m_found.at(row).book != book);
+    lstResults->setUpdatesEnabled(true);
+    cmdClearFilter->setEnabled(book != 0);
+}
+
+void frmSearch::cmdClearFilter_Click()
+{
+    filterToBook(0);
+}
+
+void frmSearch::cmdStop_Click()
+{
+    m_stopRequested = true;
+}
+
+QList<FoundVerse> frmSearch::shownVerses() const
+{
+    QList<FoundVerse> shown;
+    for (int row = 0; row < lstResults->count() && row < m_found.size(); ++row) {
+        if (!lstResults->isRowHidden(row))
+            shown.append(m_found.at(row));
+    }
+    return shown;
+}
+
+void frmSearch::cmdExport_Click()
+{
+    const QList<FoundVerse> shown = shownVerses();
+    if (shown.isEmpty())
+        return;
+    clsCommonOpenDialog dialog;
+    dialog.setDialogtitle(tr("Export Results"));
+    dialog.setFilter(tr("Text Files (*.txt)|*.txt|CSV Files (*.csv)|*.csv"));
+    dialog.setFilterIndex(1);
+    dialog.setFilename(QStringLiteral("results.txt"));
+    dialog.setOverWritePrompt(true);
+    dialog.setHideReadOnly(true);
+    if (!dialog.ShowSave(this))
+        return;
+    const QString path = dialog.filename();
+    const bool csv =
+        dialog.FilterIndex() == 2 || path.endsWith(QStringLiteral(".csv"), Qt::CaseInsensitive);
+    const QString failed = platform::WriteFileAtomically(path, csv ? FoundVerses::Csv(shown)
+                                                                   : FoundVerses::Text(shown));
+    if (!failed.isEmpty())
+        platform::MsgBox(tr("The results could not be saved to ") + path + QStringLiteral(":\r\n") +
+                             failed,
+                         vb::vbExclamation);
 }
 
 void frmSearch::cmdShowVerse_Click()
 {
     const QList<QListWidgetItem *> chosen = lstResults->selectedItems();
-    if (!chosen.isEmpty())
-        m_main.GoToReference(chosen.first()->text());
+    if (chosen.isEmpty())
+        return;
+    m_main.GoToReference(chosen.first()->text());
+    if (m_marks)
+        m_main.MarkInPassage(m_marks);
 }
 
 void frmSearch::cmdShowAll_Click()
 {
-    if (m_lastHits.isEmpty())
+    const QList<FoundVerse> shown = shownVerses();
+    if (shown.isEmpty())
         return;
     platform::BusyCursor busy;
+    QList<SearchHit> hits;
+    hits.reserve(shown.size());
+    for (const FoundVerse &verse : shown)
+        hits.append(verse.hit);
     // The verses as the quick search lists them, as plain lines: thousands of them show at once.
-    m_main.ShowPassage(SearchHit::ListedAll(m_lastHits),
+    m_main.ShowPassage(SearchHit::ListedAll(hits),
                        tr("Search results for \"") + m_lastQuery + QStringLiteral("\" (") +
-                           QString::number(m_lastHits.size()) + tr(" matches)"));
+                           QString::number(hits.size()) + tr(" matches)"));
+    if (m_marks)
+        m_main.MarkInPassage(m_marks);
 }

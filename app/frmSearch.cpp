@@ -9,6 +9,8 @@
 #include "platform/MsgBox.h"
 #include "platform/clsCommonOpenDialog.h"
 #include "scripture/AdvancedSearch.h"
+#include "scripture/QuerySearch.h"
+#include "scripture/SearchQuery.h"
 #include "scripture/TranslationList.h"
 #include "scripture/basStrings.h"
 #include "scripture/clsBible.h"
@@ -29,10 +31,10 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSet>
-#include <QSplitter>
 #include <QVBoxLayout>
 
 #include <memory>
+#include <optional>
 
 namespace {
 const QString kSection = QStringLiteral("search");
@@ -304,23 +306,25 @@ void frmSearch::cmdSearch_Click()
     options.limit = ProgramSettings::instance().searchLimit;
     for (int i = 0; i < lstBooks->count(); ++i)
         options.books.append(lstBooks->item(i)->isSelected());
+    // A query that cannot be read is answered before anything listed goes.
+    std::optional<SearchQuery> query;
+    if (optQuery->isChecked()) {
+        QueryProblem problem;
+        query = SearchQuery::Parse(options.query, &problem);
+        if (!query) {
+            platform::MsgBox(problem.message, vb::vbExclamation);
+            txtQuery->setFocus();
+            txtQuery->setCursorPosition(problem.position);
+            return;
+        }
+    }
 
-    // The open translation first, then the ones ticked, each through a store of its own.
-    const QString programFolder = ProgramSettings::instance().programFolder();
+    // The open translation first, then the ones ticked.
     QStringList folders{openFolder()};
-    std::vector<std::unique_ptr<clsBible>> others;
-    QList<const clsBible *> stores{&m_main.Bible()};
     for (int i = 0; i < lstTranslations->count(); ++i) {
         const QListWidgetItem *item = lstTranslations->item(i);
-        if (item->checkState() != Qt::Checked)
-            continue;
-        const QString folder = item->data(Qt::UserRole).toString();
-        auto store = std::make_unique<clsBible>();
-        store->setVersionPath(basStrings::JoinPath(programFolder, folder));
-        store->setSeparator(m_main.Bible().Separator());
-        folders.append(folder);
-        stores.append(store.get());
-        others.push_back(std::move(store));
+        if (item->checkState() == Qt::Checked)
+            folders.append(item->data(Qt::UserRole).toString());
     }
     // Searching within the results keeps what the list holds now.
     const bool within = chkWithin->isChecked();
@@ -341,17 +345,50 @@ void frmSearch::cmdSearch_Click()
     // This window takes clicks meanwhile, so that a second Search is refused in words and Stop
     // is heard.
     platform::InputOnlyTo onlyHere(this);
+    const Outcome outcome =
+        query ? runQuery(*query, folders, options, onlyHere) : runWords(folders, options, onlyHere);
+    m_found = outcome.verses;
+    QString title = outcome.title;
+    if (within) {
+        QList<FoundVerse> kept;
+        for (const FoundVerse &verse : std::as_const(m_found)) {
+            if (previous.contains(verse.translation + u'\t' + verse.Reference()))
+                kept.append(verse);
+        }
+        m_found = kept;
+        title = QString::number(m_found.size()) + QStringLiteral(" Matches");
+    }
+    if (outcome.stopped)
+        title = tr("%1 Matches before the search was stopped").arg(m_found.size());
+    showFound();
+    lbltitle->setText(title);
+    m_lastQuery = options.query;
+    cmdStop->setEnabled(false);
+    m_running = false;
+    if (!outcome.failure.isEmpty())
+        platform::MsgBox(outcome.failure);
+}
+
+frmSearch::Outcome frmSearch::runWords(const QStringList &folders,
+                                       const AdvancedSearch::Options &options,
+                                       platform::InputOnlyTo &onlyHere)
+{
+    Outcome outcome;
+    // Each translation besides the open one through a store of its own.
+    const QString programFolder = ProgramSettings::instance().programFolder();
+    const int books = m_main.Bible().BooksCount();
+    const int rounds = int(folders.size());
+    picProgress->setRange(0, std::max(1, rounds * books));
     QList<QList<FoundVerse>> perTranslation;
-    QString title;
-    QString failure;
-    bool stopped = false;
-    const int rounds = int(stores.size());
-    picProgress->setRange(0, std::max(1, rounds * m_main.Bible().BooksCount()));
-    for (int t = 0; t < rounds && !stopped; ++t) {
-        const clsBible &store = *stores.at(t);
-        const int offset = t * m_main.Bible().BooksCount();
+    for (int t = 0; t < rounds && !outcome.stopped; ++t) {
+        clsBible other;
+        if (t > 0) {
+            other.setVersionPath(basStrings::JoinPath(programFolder, folders.at(t)));
+            other.setSeparator(m_main.Bible().Separator());
+        }
+        const clsBible &store = t == 0 ? m_main.Bible() : other;
         AdvancedSearch search;
-        search.onProgress = [this, &onlyHere, offset](int book, int) {
+        search.onProgress = [this, &onlyHere, offset = t * books](int book, int) {
             picProgress->setValue(offset + book);
             onlyHere.yield();
         };
@@ -360,49 +397,63 @@ void frmSearch::cmdSearch_Click()
         };
         search.stopRequested = [this] { return m_stopRequested; };
         const AdvancedSearch::Result result = search.run(store, options);
-        if (!result.failureMessage.isEmpty() && failure.isEmpty())
-            failure = folders.size() > 1
-                          ? folders.at(t) + QStringLiteral(": ") + result.failureMessage
-                          : result.failureMessage;
-        stopped = result.stopped;
-        if (t == 0) {
-            title = result.title;
-        }
+        if (!result.failureMessage.isEmpty() && outcome.failure.isEmpty())
+            outcome.failure = rounds > 1
+                                  ? folders.at(t) + QStringLiteral(": ") + result.failureMessage
+                                  : result.failureMessage;
+        outcome.stopped = result.stopped;
         perTranslation.append(FoundVerses::FromHits(result.hits, store, folders.at(t)));
-        if (t == 0) {
-            const QStringList words = AdvancedSearch::Words(options.query);
-            const QString phrase =
-                basStrings::UpperCase(basStrings::TrimBlanks(options.query).toString());
-            const QStringList marked =
-                result.mode == AdvancedSearch::Mode::ExactPhrase ? QStringList{phrase} : words;
-            const bool wholeWord = options.wholeWord;
-            m_marks = [marked, wholeWord](const QString &text) {
-                return FoundVerses::WordSpans(text, marked, wholeWord);
-            };
-        }
+        if (t > 0)
+            continue;
+        // The open translation's search says which mode ran, and so what to mark.
+        outcome.title = result.title;
+        const QStringList marked = result.mode == AdvancedSearch::Mode::ExactPhrase
+                                       ? QStringList{basStrings::UpperCase(
+                                             basStrings::TrimBlanks(options.query).toString())}
+                                       : AdvancedSearch::Words(options.query);
+        m_marks = [marked, wholeWord = options.wholeWord](const QString &text) {
+            return FoundVerses::WordSpans(text, marked, wholeWord);
+        };
     }
-    m_found = rounds == 1 ? perTranslation.value(0) : FoundVerses::Interleave(perTranslation);
-    if (within) {
-        QList<FoundVerse> kept;
-        for (const FoundVerse &verse : std::as_const(m_found)) {
-            if (previous.contains(verse.translation + u'\t' + verse.Reference()))
-                kept.append(verse);
-        }
-        m_found = kept;
-    }
-    // The three modes over the open translation alone keep their own title; searching several
-    // translations or within results counts what is listed.
-    if (rounds > 1 || within)
-        title = QString::number(m_found.size()) + QStringLiteral(" Matches");
-    if (stopped)
-        title = tr("%1 Matches before the search was stopped").arg(m_found.size());
-    showFound();
-    lbltitle->setText(title);
-    m_lastQuery = options.query;
-    cmdStop->setEnabled(false);
-    m_running = false;
-    if (!failure.isEmpty())
-        platform::MsgBox(failure);
+    outcome.verses =
+        rounds == 1 ? perTranslation.value(0) : FoundVerses::Interleave(perTranslation);
+    // The three modes over the open translation alone keep their own title; over several
+    // translations the title counts what is listed.
+    if (rounds > 1)
+        outcome.title = QString::number(outcome.verses.size()) + QStringLiteral(" Matches");
+    return outcome;
+}
+
+frmSearch::Outcome frmSearch::runQuery(const SearchQuery &query, const QStringList &folders,
+                                       const AdvancedSearch::Options &options,
+                                       platform::InputOnlyTo &onlyHere)
+{
+    QuerySearch::Options asked;
+    const QString programFolder = ProgramSettings::instance().programFolder();
+    for (const QString &folder : folders)
+        asked.translations.append(basStrings::JoinPath(programFolder, folder));
+    asked.books = options.books;
+    asked.limit = options.limit;
+    asked.order = QuerySearch::Order::ByReference;
+    QuerySearch search;
+    search.onProgress = [this, &onlyHere](int done, int total) {
+        picProgress->setRange(0, std::max(1, total));
+        picProgress->setValue(done);
+        onlyHere.yield();
+        return !m_stopRequested;
+    };
+    const QuerySearch::Result result = search.run(query, asked);
+    m_marks = [query](const QString &text) { return query.Highlights(text); };
+
+    Outcome outcome;
+    outcome.verses = FoundVerses::FromQueryHits(result.hits);
+    outcome.stopped = result.stopped;
+    outcome.failure = result.failureMessage;
+    outcome.title =
+        result.found > result.hits.size()
+            ? tr("%1 Matches, the first %2 listed").arg(result.found).arg(result.hits.size())
+            : QString::number(result.hits.size()) + QStringLiteral(" Matches");
+    return outcome;
 }
 
 void frmSearch::showFound()

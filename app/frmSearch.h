@@ -1,5 +1,6 @@
 #pragma once
 
+#include "scripture/AdvancedSearch.h"
 #include "scripture/BookScan.h"
 #include "scripture/FoundVerses.h"
 
@@ -9,7 +10,11 @@
 class BookHitsChart;
 class FoundVerseDelegate;
 class MainWindowLink;
+class SearchQuery;
 class clsBible;
+namespace platform {
+class InputOnlyTo;
+}
 class QCheckBox;
 class QLabel;
 class QLineEdit;
@@ -56,6 +61,18 @@ private:
     void chooseTestament(int testament, bool chosen);
     // Whether every book of the testament is chosen, for its check box.
     void showTestamentChoice();
+    // What a search of one kind found over the translations (folder names, the open one first).
+    struct Outcome
+    {
+        QList<FoundVerse> verses;
+        QString title;
+        QString failure;
+        bool stopped = false;
+    };
+    Outcome runWords(const QStringList &folders, const AdvancedSearch::Options &options,
+                     platform::InputOnlyTo &onlyHere);
+    Outcome runQuery(const SearchQuery &query, const QStringList &folders,
+                     const AdvancedSearch::Options &options, platform::InputOnlyTo &onlyHere);
     // The installed translations other than the open one, to tick for searching too.
     void listTranslations();
     // The results found, in the list and the chart, every book shown.

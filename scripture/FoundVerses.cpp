@@ -1,5 +1,6 @@
 #include "scripture/FoundVerses.h"
 
+#include "scripture/SearchQuery.h"
 #include "scripture/basStrings.h"
 #include "scripture/clsBible.h"
 
@@ -14,32 +15,25 @@ QString FoundVerse::Reference() const
     return bookName + u' ' + chapter + u':' + verse;
 }
 
-namespace FoundVerses {
-
-QString DisplayedText(const QString &line)
+QString FoundVerse::Standard() const
 {
-    // The verse number first, up to the first blank.
-    const qsizetype blank = line.indexOf(u' ');
-    const QStringView body = blank < 0 ? QStringView() : QStringView(line).mid(blank + 1);
-    QString shown;
-    shown.reserve(body.size());
-    int braces = 0;
-    for (const QChar c : body) {
-        if (c == u'{') {
-            ++braces;
-        } else if (c == u'}') {
-            braces = std::max(0, braces - 1);
-        } else if (braces == 0 && c != u'[' && c != u']') {
-            // A Strong's number taken out leaves its blanks on both sides: one is kept.
-            if (c == u' ' && (shown.isEmpty() || shown.back() == u' '))
-                continue;
-            shown += c;
-        }
-    }
-    while (shown.endsWith(u' '))
-        shown.chop(1);
-    return shown;
+    return basStrings::UpperCase(bookName) + u' ' + chapter + u':' + verse;
 }
+
+QueryHit FoundVerse::AsQueryHit() const
+{
+    QueryHit shared;
+    shared.translation = translation;
+    shared.book = book;
+    shared.bookName = bookName;
+    shared.chapter = chapter.toInt();
+    shared.verse = verse.toInt();
+    shared.reference = Standard();
+    shared.text = text;
+    return shared;
+}
+
+namespace FoundVerses {
 
 QList<FoundVerse> FromHits(const QList<SearchHit> &hits, const clsBible &store,
                            const QString &translation)
@@ -59,8 +53,26 @@ QList<FoundVerse> FromHits(const QList<SearchHit> &hits, const clsBible &store,
         verse.verse = basStrings::TrimBlanks(blank < 0 ? QStringView(hit.line)
                                                        : QStringView(hit.line).left(blank))
                           .toString();
-        verse.text = DisplayedText(hit.line);
+        verse.text = SearchQuery::DisplayedText(hit.line);
         verse.hit = hit;
+        verses.append(std::move(verse));
+    }
+    return verses;
+}
+
+QList<FoundVerse> FromQueryHits(const QList<QueryHit> &hits)
+{
+    QList<FoundVerse> verses;
+    verses.reserve(hits.size());
+    for (const QueryHit &hit : hits) {
+        FoundVerse verse;
+        verse.translation = hit.translation;
+        verse.book = hit.book;
+        verse.bookName = hit.bookName;
+        verse.chapter = QString::number(hit.chapter);
+        verse.verse = QString::number(hit.verse);
+        verse.text = hit.text;
+        verse.hit = SearchHit{hit.bookName, verse.chapter, verse.verse + u' ' + hit.text};
         verses.append(std::move(verse));
     }
     return verses;
@@ -151,27 +163,11 @@ Spans Merged(Spans spans)
     return merged;
 }
 
-QString CsvField(const QString &field)
-{
-    if (!field.contains(u',') && !field.contains(u'"') && !field.contains(u'\n') &&
-        !field.contains(u'\r'))
-        return field;
-    QString quoted = field;
-    quoted.replace(u'"', QStringLiteral("\"\""));
-    return u'"' + quoted + u'"';
-}
-
 QByteArray Csv(const QList<FoundVerse> &verses)
 {
-    QString out = QStringLiteral("translation,reference,book,chapter,verse,text\r\n");
-    for (const FoundVerse &v : verses) {
-        const QStringList fields{v.translation, v.Reference(), v.bookName,
-                                 v.chapter,     v.verse,       v.text};
-        QStringList quoted;
-        for (const QString &field : fields)
-            quoted.append(CsvField(field));
-        out += quoted.join(u',') + QStringLiteral("\r\n");
-    }
+    QString out = QueryHit::CsvHeader();
+    for (const FoundVerse &v : verses)
+        out += v.AsQueryHit().CsvRecord();
     return out.toUtf8();
 }
 
@@ -185,7 +181,7 @@ QByteArray Text(const QList<FoundVerse> &verses)
     for (const FoundVerse &v : verses) {
         if (several)
             out += v.translation + u'\t';
-        out += v.Reference() + u'\t' + v.text + QStringLiteral("\r\n");
+        out += v.Standard() + u'\t' + v.text + QStringLiteral("\r\n");
     }
     out += QString::number(verses.size()) + QStringLiteral(" verses");
     if (several)

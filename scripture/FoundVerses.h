@@ -1,6 +1,7 @@
 #pragma once
 
 #include "scripture/BookScan.h"
+#include "scripture/QuerySearch.h"
 
 #include <QByteArray>
 #include <QList>
@@ -24,8 +25,12 @@ struct FoundVerse
     QString text;  // the verse as displayed: no verse number, italic brackets or Strong's numbers
     SearchHit hit; // the verse line as stored, for "Show All"
 
-    // "Book chapter:verse".
+    // "Book chapter:verse", as the list shows it.
     QString Reference() const;
+    // The standard reference, "BOOK chapter:verse", as the command line writes it.
+    QString Standard() const;
+    // The verse as the query search gives its hits, for the writers they share.
+    QueryHit AsQueryHit() const;
 };
 
 // Where a search found what it looked for in a text: start and length of each span, in order.
@@ -34,13 +39,11 @@ using SpanFinder = std::function<Spans(const QString &text)>;
 
 namespace FoundVerses {
 
-// A stored verse line as the reader sees it: the verse number it begins with, the square brackets
-// of the translators' words and the braced Strong's numbers taken out, runs of blanks made one.
-QString DisplayedText(const QString &line);
-
 // The hits of a search of one translation, with their book numbers as the store counts them.
 QList<FoundVerse> FromHits(const QList<SearchHit> &hits, const clsBible &store,
                            const QString &translation);
+// The hits of a query search; "Show All" lists each with its verse number before its text.
+QList<FoundVerse> FromQueryHits(const QList<QueryHit> &hits);
 
 // The results of several translations in one list, a reference's verses together: by book,
 // chapter and verse, and within a reference in the order the translations were given.
@@ -56,14 +59,12 @@ Spans WordSpans(const QString &text, const QStringList &upperWords, bool wholeWo
 // Overlapping or touching spans joined, in order of their start.
 Spans Merged(Spans spans);
 
-// One field of a CSV record: quoted when it holds a comma, a quote, or a line break, its quotes
-// doubled.
-QString CsvField(const QString &field);
-// The verses as CSV: the header "translation,reference,book,chapter,verse,text" and one record a
-// verse, lines ended by CR LF, in UTF-8.
+// The verses as CSV, as the command line writes them: the header
+// "translation,reference,book,chapter,verse,text" and one record a verse, in UTF-8.
 QByteArray Csv(const QList<FoundVerse> &verses);
-// The verses as text: "REFERENCE<TAB>TEXT" a line, the translation's folder first when the list
-// holds several translations, then "N verses" (or "N verses in M translations"), in UTF-8.
+// The verses as text, as the command line writes them, lines ended by CR LF: "REFERENCE<TAB>TEXT",
+// the translation's folder first when the list holds several translations, then "N verses" (or "N
+// verses in M translations"), in UTF-8.
 QByteArray Text(const QList<FoundVerse> &verses);
 
 } // namespace FoundVerses

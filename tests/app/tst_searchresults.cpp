@@ -170,6 +170,33 @@ private slots:
         QCOMPARE(answers.count(), 0);
     }
 
+    // The Query mode reads the query language and marks what each verse matched; a query it
+    // cannot read is told in words, and the list keeps what it held.
+    void queryModeFindsAndMarks()
+    {
+        platform::MsgBoxAnswerer answers;
+        ProgramHarness program(m_dir.path());
+        QVERIFY(program.start(QStringLiteral("KJV")));
+        frmSearch *window = open(program);
+        in<QRadioButton>(window, "optQuery")->click();
+        search(window, QStringLiteral("lov* -loved"));
+        QCOMPARE(shown(window),
+                 (QStringList{"Genesis 1:1", "Genesis 1:2", "Genesis 2:2", "John 2:2"}));
+        QCOMPARE(in<QLabel>(window, "lbltitle")->text(), QStringLiteral("4 Matches"));
+        QTRY_VERIFY(markedPixels(window) > 50);
+        auto *list = in<QListWidget>(window, "lstResults");
+        list->setCurrentRow(3);
+        QTest::mouseClick(in<QPushButton>(window, "cmdShowVerse"), Qt::LeftButton);
+        QCOMPARE(passageMarks(program), QStringList{"love"});
+
+        search(window, QStringLiteral("(love god"));
+        QCOMPARE(answers.count(), 1);
+        QVERIFY2(!answers.last().prompt.isEmpty(), "the message says what is wrong");
+        QCOMPARE(answers.last().buttons, int(vb::vbExclamation));
+        QCOMPARE(shown(window).size(), 4);
+        QCOMPARE(in<QLineEdit>(window, "txtQuery")->cursorPosition(), 0);
+    }
+
     // The verses listed go to a file chosen in the save dialog: CSV quoted by the rules, or text,
     // a line a verse; with a second translation ticked its verses stand by the open one's.
     void exportSeveralTranslations()
@@ -202,9 +229,9 @@ private slots:
         QFile csv(csvPath);
         QVERIFY(csv.open(QIODevice::ReadOnly));
         QCOMPARE(csv.readAll(), QByteArray("translation,reference,book,chapter,verse,text\r\n"
-                                           "KJV,Genesis 1:1,Genesis,1,1,God is love\r\n"
-                                           "KJV,Genesis 1:2,Genesis,1,2,love of God\r\n"
-                                           "KJV,Genesis 2:2,Genesis,2,2,\"He said, \"\"love ye "
+                                           "KJV,GENESIS 1:1,Genesis,1,1,God is love\r\n"
+                                           "KJV,GENESIS 1:2,Genesis,1,2,love of God\r\n"
+                                           "KJV,GENESIS 2:2,Genesis,2,2,\"He said, \"\"love ye "
                                            "God\"\"\"\r\n"));
         QVERIFY(asked.contains(QStringLiteral("*.csv")));
 
@@ -221,8 +248,8 @@ private slots:
         QVERIFY(text.open(QIODevice::ReadOnly));
         const QList<QByteArray> lines = text.readAll().split('\n');
         QCOMPARE(lines.size(), 9);
-        QCOMPARE(lines.at(3), QByteArray("KJV\tJohn 2:1\tGod so loved\r"));
-        QCOMPARE(lines.at(4), QByteArray("ASV\tJohn 2:1\tGod loved so\r"));
+        QCOMPARE(lines.at(3), QByteArray("KJV\tJOHN 2:1\tGod so loved\r"));
+        QCOMPARE(lines.at(4), QByteArray("ASV\tJOHN 2:1\tGod loved so\r"));
         QCOMPARE(lines.at(7), QByteArray("7 verses in 2 translations\r"));
 
         // A cancelled dialog writes nothing.
@@ -256,6 +283,15 @@ private slots:
                  QStringLiteral("0 Matches before the search was stopped"));
         QVERIFY(!stop->isEnabled());
         // The next search runs whole again.
+        search(window, QStringLiteral("god"));
+        QCOMPARE(shown(window).size(), 5);
+        // The Query mode stops the same way.
+        in<QRadioButton>(window, "optQuery")->click();
+        QTimer::singleShot(0, window, [&] { QTest::mouseClick(stop, Qt::LeftButton); });
+        search(window, QStringLiteral("god"));
+        QVERIFY(shown(window).isEmpty());
+        QCOMPARE(in<QLabel>(window, "lbltitle")->text(),
+                 QStringLiteral("0 Matches before the search was stopped"));
         search(window, QStringLiteral("god"));
         QCOMPARE(shown(window).size(), 5);
         QCOMPARE(answers.count(), 0);

@@ -37,7 +37,7 @@ void FoundVerseDelegate::paint(QPainter *painter, const QStyleOptionViewItem &op
     style->drawControl(QStyle::CE_ItemViewItem, &look, painter, look.widget);
 
     const bool ok = m_verses != nullptr;
-    const qsizetype at = index.data(VerseRole).toLongLong();
+    const qsizetype at = index.row();
     const FoundVerse *verse = ok && at >= 0 && at < m_verses->size() ? &m_verses->at(at) : nullptr;
 
     painter->save();

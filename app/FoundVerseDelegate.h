@@ -6,14 +6,12 @@
 #include <QStyledItemDelegate>
 
 // Draws a row of the Search window's results as its reference over the verse's text, with what
-// the search found marked. A row's item carries the verse's index in the list it is given.
+// the search found marked. Row i shows verse i of the list it is given.
 class FoundVerseDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
 
 public:
-    // The role of a row's index into the verses.
-    static constexpr int VerseRole = Qt::UserRole + 1;
     // The colour behind what was found.
     static QColor MarkColor() { return QColor(255, 214, 64); }
 

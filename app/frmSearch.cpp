@@ -105,6 +105,8 @@ frmSearch::frmSearch(MainWindowLink &main, QWidget *parent)
     lstResults->setToolTip(tr("This shows the list of verses containing your search criteria"));
     // Tens of thousands of results are listed at once.
     lstResults->setUniformItemSizes(true);
+    // Verses are cut at the list's edge rather than scrolled to.
+    lstResults->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_delegate = new FoundVerseDelegate(lstResults);
     lstResults->setItemDelegate(m_delegate);
     picChart = new BookHitsChart;
@@ -458,12 +460,11 @@ frmSearch::Outcome frmSearch::runQuery(const SearchQuery &query, const QStringLi
 
 void frmSearch::showFound()
 {
-    m_delegate->setVerses(
-        &m_found, m_marks,
-        lstTranslations->count() > 0 &&
-            std::any_of(m_found.cbegin(), m_found.cend(), [this](const FoundVerse &v) {
-                return v.translation != m_found.first().translation;
-            }));
+    // The rows name their translation when the list holds more than one.
+    const bool several = std::any_of(m_found.cbegin(), m_found.cend(), [this](const FoundVerse &v) {
+        return v.translation != m_found.first().translation;
+    });
+    m_delegate->setVerses(&m_found, m_marks, several);
     // The whole list goes in at once: tens of thousands of results one by one would take seconds.
     QStringList references;
     references.reserve(m_found.size());

@@ -133,6 +133,14 @@ private slots:
                                              "John 2:1", "John 2:2"}));
         QCOMPARE(in<QLabel>(window, "lbltitle")->text(), QStringLiteral("5 Matches"));
         QTRY_VERIFY(markedPixels(window) > 50);
+        // Each row shows its own verse under its reference: "God is love", "love of God".
+        auto *list = in<QListWidget>(window, "lstResults");
+        const QImage rows = list->viewport()->grab().toImage();
+        const auto verseLine = [&](int row) {
+            const QRect r = list->visualItemRect(list->item(row));
+            return rows.copy(r.adjusted(0, r.height() / 2, 0, 0));
+        };
+        QVERIFY(verseLine(0) != verseLine(1));
 
         // The chart: three in Genesis, two in John; a bar's click filters, a second click clears.
         auto *chart = in<BookHitsChart>(window, "picChart");
@@ -153,7 +161,6 @@ private slots:
         QCOMPARE(shown(window).size(), 5);
 
         // Opening a result marks the words in the passage, until the passage changes.
-        auto *list = in<QListWidget>(window, "lstResults");
         const QPoint at = list->visualItemRect(list->item(4)).center();
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, at);
         QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, at);

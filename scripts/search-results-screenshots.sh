@@ -35,11 +35,13 @@ session "
     sleep 1
     import -window \$w '$out/search-chart-one-book.png'
 
-    # The first verse listed shown in the main window, its words marked.
+    # The second verse listed shown in the main window, its words marked.
     xdotool mousemove --window \$w 600 80 click 1
     sleep 0.5
     xdotool key alt+v
-    sleep 1.5
+    sleep 1
+    front
+    sleep 1
     import -window \$main '$out/search-result-in-passage.png'
 
     # Every book again, then Export as CSV.
@@ -54,9 +56,11 @@ session "
     xdotool type --delay 20 '$csv'
     xdotool key Return
     sleep 1.5
-    xmessage -geometry 1240x600+10+10 -file '$csv' &
+    # Shown as the file reads, but for the CR of each CR LF line end, which xmessage would show as ^M.
+    tr -d '\\r' < '$csv' > '$csv.shown'
+    xmessage -title found.csv -fn 7x13 -geometry 1240x600+10+10 -file '$csv.shown' &
     sleep 1.5
-    x=\$(window 'xmessage')
+    x=\$(window 'found.csv')
     import -window root -crop 1260x640+0+0 '$out/search-results-csv.png'
 "
 ls "$out"/search-query-marked.png "$out"/search-chart-one-book.png \

@@ -33,7 +33,6 @@
 #include <QSet>
 #include <QVBoxLayout>
 
-#include <memory>
 #include <optional>
 
 namespace {

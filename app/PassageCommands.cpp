@@ -58,13 +58,13 @@ void ExportToEditor(const QString &text)
                          vb::vbCritical);
         return;
     }
-    // 3. It opens in the desktop's text editor, and the program goes on at once.
+    // It opens in the desktop's text editor, and the program goes on at once.
     openOnDesktop(path, tr("The exported passage could not be opened: "));
 }
 
 void SaveAs(const platform::RichTextBox *view, QWidget *parent)
 {
-    // 1. The save dialog. It does not ask before replacing a file itself: the name it gives may
+    // The save dialog. It does not ask before replacing a file itself: the name it gives may
     // still get its type's ending, and the question must be about the file that is written.
     clsCommonOpenDialog dialog;
     dialog.setFilter(PassageFiles::SaveFilter());
@@ -72,7 +72,7 @@ void SaveAs(const platform::RichTextBox *view, QWidget *parent)
     dialog.setDialogtitle(tr("Filename to save to?"));
     dialog.setOverWritePrompt(false);
     dialog.setPathMustExist(true);
-    // 2. Cancel stops here.
+    // Cancel stops here.
     if (!dialog.ShowSave(parent))
         return;
     // 3-4. Rich text for the second type, plain text otherwise; the ending added when missing.
@@ -87,7 +87,7 @@ void SaveAs(const platform::RichTextBox *view, QWidget *parent)
                          vb::vbYesNo | vb::vbExclamation | vb::vbDefaultButton2,
                          dialog.Dialogtitle()) != vb::vbYes)
         return;
-    // 5. One piece of text and a line break.
+    // One piece of text and a line break.
     const QString failure = PassageFiles::Write(path, rich ? view->TextRTF() : view->Text());
     if (!failure.isEmpty())
         platform::MsgBox(tr("The passage could not be saved to ") + path + QStringLiteral(":\r\n") +

@@ -178,7 +178,7 @@ void StudyTabs::tabChanged(int index)
 {
     const int previousTab = m_shownTab;
     m_shownTab = index;
-    // 1. Leaving a tab: its title goes back, and unsaved notes are saved if the user wants them.
+    // Leaving a tab: its title goes back, and unsaved notes are saved if the user wants them.
     const QString left = caption(previousTab);
     if (left == kNotesCaption) {
         m_title->setText(m_savedTitle);
@@ -196,7 +196,7 @@ void StudyTabs::tabChanged(int index)
         m_title->setText(m_savedTitle);
     }
 
-    // 2. Entering a tab.
+    // Entering a tab.
     const QString entered = caption(index);
     if (entered == kCommentaryCaption)
         enterCommentary(true);

@@ -62,28 +62,28 @@ void ApplyRichTextStyle(QTextEdit *view, TextStyle &style)
         return;
     const QColor foreColor = platform::WindowsColorToQColor(style.ForeColor);
 
-    // 1. Background.
+    // Background.
     QPalette palette = view->palette();
     palette.setColor(QPalette::Base, platform::WindowsColorToQColor(style.BackColor));
     // Text loaded later without a colour of its own shows in the chosen colour too.
     palette.setColor(QPalette::Text, foreColor);
     view->setPalette(palette);
 
-    // 2. Font name, size, bold, italic.
+    // Font name, size, bold, italic.
     setFont(view, style);
 
-    // 3. An empty view gets one blank so that the colour has something to hold on to.
+    // An empty view gets one blank so that the colour has something to hold on to.
     QTextCursor cursor(view->document());
     if (view->document()->isEmpty())
         cursor.insertText(QStringLiteral(" "));
 
-    // 4. Select everything and colour it.
+    // Select everything and colour it.
     QTextCharFormat color;
     color.setForeground(foreColor);
     cursor.select(QTextCursor::Document);
     cursor.mergeCharFormat(color);
 
-    // 5. Take the blank out again; the colour stays with the empty paragraph and the caret.
+    // Take the blank out again; the colour stays with the empty paragraph and the caret.
     if (view->document()->toPlainText() == QStringLiteral(" ")) {
         cursor.removeSelectedText();
         cursor.mergeBlockCharFormat(color);

@@ -93,13 +93,13 @@ frmOptions::frmOptions(const QList<InstalledTranslation> &translations,
     connect(cmdDiscard, &QPushButton::clicked, this, &frmOptions::cmdDiscard_Click);
     connect(cmdSaveSettings, &QPushButton::clicked, this, &frmOptions::cmdSaveSettings_Click);
 
-    // 1. The general values.
+    // The general values.
     ProgramSettings &settings = ProgramSettings::instance();
     chkRememberWindowSetting->setChecked(settings.rememberWindows);
     txtSearchResults->setText(QString::number(settings.general.maxSearchResults));
     chkLineBreaks->setChecked(settings.general.lineBreaks != 0);
 
-    // 2. The colour dialog's custom colours; the font dialog offers what the areas can show.
+    // The colour dialog's custom colours; the font dialog offers what the areas can show.
     for (int i = 0; i < 16; ++i)
         m_colorDialog.setCustomColors(
             i, platform::QColorToWindowsColor(
@@ -109,7 +109,7 @@ frmOptions::frmOptions(const QList<InstalledTranslation> &translations,
     m_fontDialog.setShowScreenOnly(true);
     m_fontDialog.setForceFontExist(true);
 
-    // 3. The preview shows the looks in use, and the swatches their colours.
+    // The preview shows the looks in use, and the swatches their colours.
     m_navigation = settings.display.navigation;
     m_passage = settings.display.passage;
     m_title = settings.display.title;
@@ -122,7 +122,7 @@ frmOptions::frmOptions(const QList<InstalledTranslation> &translations,
     setSwatch(lblRightClickColor, settings.display.RightClickColor);
     refreshPreview();
 
-    // 4. The installed translations, the open one selected.
+    // The installed translations, the open one selected.
     for (const InstalledTranslation &t : std::as_const(m_translations)) {
         lstVersions->addItem(t.displayName);
         if (t.folder.compare(currentFolder, Qt::CaseInsensitive) == 0)

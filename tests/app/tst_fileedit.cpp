@@ -3,10 +3,12 @@
 #include "../support/HookGuards.h"
 #include "../support/ProgramHarness.h"
 #include "../support/TranslationFixture.h"
+#include "app/frmAbout.h"
 #include "app/frmFind.h"
 #include "platform/FileSystem.h"
 #include "platform/MsgBoxAnswerer.h"
 #include "platform/RichTextBox.h"
+#include "platform/Version.h"
 
 #include <QAction>
 #include <QApplication>
@@ -14,11 +16,13 @@
 #include <QClipboard>
 #include <QDir>
 #include <QFile>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTextEdit>
 
 using namespace fixture;
 using support::ProgramHarness;
@@ -314,6 +318,43 @@ private slots:
         QCOMPARE(shell.opened.size(), 1);
         QVERIFY2(answers.last().prompt.contains(named), qPrintable(answers.last().prompt));
         QCOMPARE(answers.last().buttons, int(vb::vbExclamation));
+    }
+
+    void aboutBox()
+    {
+        QTemporaryDir dir;
+        QFile credits(dir.filePath(QStringLiteral("CREDITS.md")));
+        QVERIFY(credits.open(QIODevice::WriteOnly));
+        credits.write("# Credits\n\nThanks to *everyone* who helped.\n");
+        credits.close();
+
+        support::ShellRecorder shellOpens;
+        frmAbout about(dir.filePath(QStringLiteral("CREDITS.md")));
+        about.show();
+        QCOMPARE(about.objectName(), QStringLiteral("frmAbout"));
+        QCOMPARE(about.windowTitle(), QStringLiteral("About Quillstone Bible System"));
+        QCOMPARE(about.findChild<QLabel *>(QStringLiteral("imgLogo"))->pixmap().toImage(),
+                 frmAbout::AppIcon().pixmap(64).toImage());
+        QCOMPARE(about.findChild<QLabel *>(QStringLiteral("lbltitle"))->text(),
+                 platform::AppTitle());
+        QCOMPARE(about.findChild<QLabel *>(QStringLiteral("lblVersion"))->text(),
+                 QStringLiteral("1.0.0"));
+        QVERIFY(!about.findChild<QLabel *>(QStringLiteral("lblDisclaimer"))->text().isEmpty());
+        QVERIFY(about.findChild<QTextEdit *>()->toPlainText().contains(
+            QStringLiteral("Thanks to everyone")));
+
+        QTest::mouseClick(about.findChild<QLabel *>(QStringLiteral("Label3")), Qt::LeftButton);
+        QTest::mouseClick(about.findChild<QLabel *>(QStringLiteral("Label4")), Qt::LeftButton);
+        QCOMPARE(shellOpens.opened,
+                 (QList<QUrl>{QUrl(QStringLiteral("mailto:support@quillstone.example.org")),
+                              QUrl(QStringLiteral("https://quillstone.example.org"))}));
+        QTest::mouseClick(about.findChild<QPushButton *>(QStringLiteral("cmdOK")), Qt::LeftButton);
+        QCOMPARE(about.result(), int(QDialog::Accepted));
+        QVERIFY(!about.isVisible());
+
+        frmAbout missing(dir.filePath(QStringLiteral("nothing.md")));
+        QVERIFY(missing.findChild<QTextEdit *>()->toPlainText().contains(
+            QStringLiteral("could not be found")));
     }
 };
 

@@ -357,7 +357,7 @@ void frmSearch::cmdSearch_Click()
                 kept.append(verse);
         }
         m_found = kept;
-        title = QString::number(m_found.size()) + QStringLiteral(" Matches");
+        title = tr("%1 Matches").arg(m_found.size());
     }
     if (outcome.stopped)
         title = tr("%1 Matches before the search was stopped").arg(m_found.size());
@@ -421,7 +421,7 @@ frmSearch::Outcome frmSearch::runWords(const QStringList &folders,
     // The three modes over the open translation alone keep their own title; over several
     // translations the title counts what is listed.
     if (rounds > 1)
-        outcome.title = QString::number(outcome.verses.size()) + QStringLiteral(" Matches");
+        outcome.title = tr("%1 Matches").arg(outcome.verses.size());
     return outcome;
 }
 
@@ -453,7 +453,7 @@ frmSearch::Outcome frmSearch::runQuery(const SearchQuery &query, const QStringLi
     outcome.title =
         result.found > result.hits.size()
             ? tr("%1 Matches, the first %2 listed").arg(result.found).arg(result.hits.size())
-            : QString::number(result.hits.size()) + QStringLiteral(" Matches");
+            : tr("%1 Matches").arg(result.hits.size());
     return outcome;
 }
 

@@ -169,7 +169,7 @@ void BookHitsChart::paintEvent(QPaintEvent *)
         const int centre = left + int(g.slot / 2);
         const QString name = metrics.elidedText(m_books.at(b - 1), Qt::ElideRight, kLongestLabel);
         painter.save();
-        painter.translate(centre - metrics.ascent() / 2, g.plot.bottom() + 4);
+        painter.translate(centre - metrics.ascent() / 2.0, g.plot.bottom() + 4.0);
         painter.rotate(90);
         painter.setPen(m_counts.at(b - 1) > 0 ? text : faint);
         if (b == m_chosen) {

@@ -162,11 +162,17 @@ void BookHitsChart::paintEvent(QPaintEvent *)
             painter.fillRect(r, m_chosen == 0 || m_chosen == b ? bar : dimmed);
     }
 
-    // The book names hang below their bars, read from the axis downwards.
+    // The book names hang below their bars, read from the axis downwards. Where the bars stand
+    // closer than a line of the names, only the books with hits are named, none over another.
     const QFontMetrics metrics(painter.font());
+    const bool crowded = g.slot < metrics.ascent();
+    int free = g.plot.left() - metrics.ascent();
     for (int b = 1; b <= m_books.size(); ++b) {
         const int left = slotLeft(g, b);
         const int centre = left + int(g.slot / 2);
+        if (crowded && (m_counts.at(b - 1) == 0 || centre - metrics.ascent() / 2 < free))
+            continue;
+        free = centre + metrics.ascent() / 2 + 1;
         const QString name = metrics.elidedText(m_books.at(b - 1), Qt::ElideRight, kLongestLabel);
         painter.save();
         painter.translate(centre - metrics.ascent() / 2.0, g.plot.bottom() + 4.0);

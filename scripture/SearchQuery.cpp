@@ -4,6 +4,11 @@
 
 #include <QRegularExpression>
 #include <algorithm>
+#include <bit>
+
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
 
 // The parsed query: a tree of AND, OR and NOT over four kinds of terms.
 struct SearchQuery::Node
@@ -115,42 +120,38 @@ bool globMatch(QStringView word, QStringView pattern)
     return p == pattern.size();
 }
 
-// How common each capital letter is in English text (0 = rarest), to look for a word by the
-// character that occurs least, with the vectorised search for one character.
-int rarity(QChar c)
-{
-    static constexpr char order[] = "ZQJXKVBPYGFWMUCLDRHSNIOATE";
-    for (int i = 0; order[i]; ++i) {
-        if (char16_t(order[i]) == c.unicode())
-            return i;
-    }
-    // Characters outside A to Z are rare in the translations, digits and marks likewise.
-    return c.unicode() >= 0x80 ? 0 : 20;
-}
-
 qsizetype findLiteral(QStringView text, QStringView literal, qsizetype from)
 {
     const qsizetype n = literal.size();
     if (n == 1)
         return text.indexOf(literal.at(0), from);
-    qsizetype pivot = 0;
-    for (qsizetype k = 1, best = rarity(literal.at(0)); k < n && best > 0; ++k) {
-        const int r = rarity(literal.at(k));
-        if (r < best) {
-            best = r;
-            pivot = k;
+    const qsizetype last = text.size() - n;
+    const char16_t *t = text.utf16();
+    const char16_t *w = literal.utf16();
+    const auto sameAt = [&](qsizetype at) { return std::equal(w + 1, w + n - 1, t + at + 1); };
+#ifdef __SSE2__
+    // Eight places at a time: those where both the word's first and its last character stand are
+    // compared in full. Common letters make a search for the rarest one stop every few
+    // characters; the pair seldom stands at the right distance.
+    const __m128i first = _mm_set1_epi16(short(w[0]));
+    const __m128i end = _mm_set1_epi16(short(w[n - 1]));
+    for (; from + 8 <= last + 1; from += 8) {
+        const __m128i a = _mm_loadu_si128(reinterpret_cast<const __m128i *>(t + from));
+        const __m128i b = _mm_loadu_si128(reinterpret_cast<const __m128i *>(t + from + n - 1));
+        unsigned mask = unsigned(
+            _mm_movemask_epi8(_mm_and_si128(_mm_cmpeq_epi16(a, first), _mm_cmpeq_epi16(b, end))));
+        while (mask) {
+            const int bit = std::countr_zero(mask);
+            const qsizetype at = from + bit / 2;
+            if (sameAt(at))
+                return at;
+            mask &= ~(3u << bit);
         }
     }
-    const QChar key = literal.at(pivot);
-    const qsizetype last = text.size() - n;
-    while (from <= last) {
-        const qsizetype at = text.indexOf(key, from + pivot);
-        if (at < 0 || at - pivot > last)
-            return -1;
-        const qsizetype start = at - pivot;
-        if (text.mid(start, n) == literal)
-            return start;
-        from = start + 1;
+#endif
+    for (; from <= last; ++from) {
+        if (t[from] == w[0] && t[from + n - 1] == w[n - 1] && sameAt(from))
+            return from;
     }
     return -1;
 }
@@ -528,6 +529,15 @@ private:
                 return nullptr;
             terms.push_back(term);
         }
+        if (terms.empty() && peek().kind == Token::Kind::Close)
+            return fail(QStringLiteral("The closing parenthesis at character %1 has no opening "
+                                       "parenthesis before it.")
+                            .arg(peek().position + 1),
+                        peek().position);
+        if (terms.empty())
+            return fail(QStringLiteral("The query ends at character %1 where a term is expected.")
+                            .arg(peek().position + 1),
+                        peek().position);
         if (terms.size() == 1)
             return terms.front();
         auto node = std::make_shared<Node>();
@@ -561,6 +571,10 @@ private:
         const Token &token = take();
         switch (token.kind) {
         case Token::Kind::Open: {
+            if (peek().kind == Token::Kind::End)
+                return fail(QStringLiteral("The parenthesis at character %1 is never closed.")
+                                .arg(token.position + 1),
+                            token.position);
             if (peek().kind == Token::Kind::Close)
                 return fail(QStringLiteral("The parentheses at character %1 hold nothing.")
                                 .arg(token.position + 1),

@@ -349,6 +349,7 @@ void frmSearch::cmdSearch_Click()
     const Outcome outcome =
         query ? runQuery(*query, folders, options, onlyHere) : runWords(folders, options, onlyHere);
     m_found = outcome.verses;
+    m_translationsSearched = int(folders.size());
     QString title = outcome.title;
     if (within) {
         QList<FoundVerse> kept;
@@ -531,8 +532,9 @@ void frmSearch::cmdExport_Click()
     const QString path = dialog.filename();
     const bool csv =
         dialog.FilterIndex() == 2 || path.endsWith(QStringLiteral(".csv"), Qt::CaseInsensitive);
-    const QString failed = platform::WriteFileAtomically(path, csv ? FoundVerses::Csv(shown)
-                                                                   : FoundVerses::Text(shown));
+    const QByteArray bytes =
+        csv ? FoundVerses::Csv(shown) : FoundVerses::Text(shown, m_translationsSearched);
+    const QString failed = platform::WriteFileAtomically(path, bytes);
     if (!failed.isEmpty())
         platform::MsgBox(tr("The results could not be saved to ") + path + QStringLiteral(":\r\n") +
                              failed,

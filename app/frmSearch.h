@@ -93,6 +93,7 @@ private:
     QList<FoundVerse> m_found;
     SpanFinder m_marks;
     int m_filterBook = 0;
+    int m_translationsSearched = 1;
     bool m_stopRequested = false;
 
     QLineEdit *txtQuery = nullptr;

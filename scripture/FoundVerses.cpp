@@ -5,7 +5,6 @@
 #include "scripture/clsBible.h"
 
 #include <QHash>
-#include <QSet>
 
 #include <algorithm>
 #include <tuple>
@@ -171,12 +170,9 @@ QByteArray Csv(const QList<FoundVerse> &verses)
     return out.toUtf8();
 }
 
-QByteArray Text(const QList<FoundVerse> &verses)
+QByteArray Text(const QList<FoundVerse> &verses, int translationsSearched)
 {
-    QSet<QString> translations;
-    for (const FoundVerse &v : verses)
-        translations.insert(v.translation);
-    const bool several = translations.size() > 1;
+    const bool several = translationsSearched > 1;
     QString out;
     for (const FoundVerse &v : verses) {
         if (several)
@@ -185,7 +181,7 @@ QByteArray Text(const QList<FoundVerse> &verses)
     }
     out += QString::number(verses.size()) + QStringLiteral(" verses");
     if (several)
-        out += QStringLiteral(" in ") + QString::number(translations.size()) +
+        out += QStringLiteral(" in ") + QString::number(translationsSearched) +
                QStringLiteral(" translations");
     out += QStringLiteral("\r\n");
     return out.toUtf8();

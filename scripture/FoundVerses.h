@@ -62,9 +62,9 @@ Spans Merged(Spans spans);
 // The verses as CSV, as the command line writes them: the header
 // "translation,reference,book,chapter,verse,text" and one record a verse, in UTF-8.
 QByteArray Csv(const QList<FoundVerse> &verses);
-// The verses as text, as the command line writes them, lines ended by CR LF: "REFERENCE<TAB>TEXT",
-// the translation's folder first when the list holds several translations, then "N verses" (or "N
-// verses in M translations"), in UTF-8.
-QByteArray Text(const QList<FoundVerse> &verses);
+// The verses as text, as the command line writes them but for the CR LF line ends of the program's
+// text files: "REFERENCE<TAB>TEXT", the translation's folder first when several translations were
+// searched, then "N verses" (or "N verses in M translations"), in UTF-8.
+QByteArray Text(const QList<FoundVerse> &verses, int translationsSearched);
 
 } // namespace FoundVerses

@@ -52,7 +52,8 @@ private slots:
 
     void textOfOneTranslation()
     {
-        const QByteArray text = FoundVerses::Text({verse("KJV", 2, "3", "14", "I AM THAT I AM")});
+        const QByteArray text =
+            FoundVerses::Text({verse("KJV", 2, "3", "14", "I AM THAT I AM")}, 1);
         QCOMPARE(text, QByteArray("EXODUS 3:14\tI AM THAT I AM\r\n1 verses\r\n"));
     }
 };

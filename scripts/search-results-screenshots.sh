@@ -2,7 +2,7 @@
 # Screenshots of what the Search window shows of its results: a query of the query language with
 # the words it found marked in the list and the chart of hits per book under it, the list kept to
 # one book by a click on its bar, a result opened in the main window with its words marked, and the
-# results exported as CSV and opened as text.
+# results exported as CSV and opened as text, and the same query over two translations.
 # Usage: scripts/search-results-screenshots.sh PROGRAM_FOLDER OUTPUT_FOLDER
 set -eu
 program=$1
@@ -62,7 +62,18 @@ session "
     sleep 1.5
     x=\$(window 'found.csv')
     import -window root -crop 1260x640+0+0 '$out/search-results-csv.png'
+    kill %% 2>/dev/null || true
+
+    # The World English Bible ticked as well: each reference's verses together.
+    xdotool windowactivate --sync \$w
+    sleep 0.5
+    xdotool key alt+t Home Down Down space
+    xdotool key alt+s
+    xdotool key Return
+    sleep 2
+    import -window \$w '$out/search-two-translations.png'
 "
 ls "$out"/search-query-marked.png "$out"/search-chart-one-book.png \
-    "$out"/search-result-in-passage.png "$out"/search-results-csv.png
+    "$out"/search-result-in-passage.png "$out"/search-results-csv.png \
+    "$out"/search-two-translations.png
 rm -rf "$(dirname "$csv")"

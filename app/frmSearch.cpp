@@ -327,11 +327,12 @@ void frmSearch::cmdSearch_Click()
         if (item->checkState() == Qt::Checked)
             folders.append(item->data(Qt::UserRole).toString());
     }
-    // Searching within the results keeps what the list holds now.
+    // Searching within the results keeps what the list shows now (one book's, when it is kept to
+    // one).
     const bool within = chkWithin->isChecked();
     QSet<QString> previous;
     if (within) {
-        for (const FoundVerse &verse : std::as_const(m_found))
+        for (const FoundVerse &verse : shownVerses())
             previous.insert(verse.translation + u'\t' + verse.Reference());
     }
 

@@ -170,10 +170,17 @@ private slots:
         QTest::mouseClick(program.control<QPushButton>("cmdGet"), Qt::LeftButton);
         QVERIFY(passageMarks(program).isEmpty());
 
-        // Within these results: only the verses listed that also hold "said".
+        // Within these results: only the verses listed that also hold "said", or "god" (the list
+        // kept to John).
         in<QCheckBox>(window, "chkWithin")->click();
         search(window, QStringLiteral("said"));
         QCOMPARE(shown(window), QStringList{"Genesis 2:2"});
+        in<QCheckBox>(window, "chkWithin")->click();
+        search(window, QStringLiteral("love god"));
+        QTest::mouseClick(chart, Qt::LeftButton, {}, chart->barRect(43).center());
+        in<QCheckBox>(window, "chkWithin")->click();
+        search(window, QStringLiteral("god"));
+        QCOMPARE(shown(window), (QStringList{"John 2:1", "John 2:2"}));
         QCOMPARE(answers.count(), 0);
     }
 

@@ -115,10 +115,6 @@ private slots:
     {
         clsCommonColorDialog dialog;
         dialog.setColor(0x0000FF);
-        dialog.setRGBInit(true);
-        dialog.setFullOpen(true);
-        QCOMPARE(dialog.flags(),
-                 clsCommonColorDialog::CC_RGBINIT | clsCommonColorDialog::CC_FULLOPEN);
 
         int seen = -1;
         {

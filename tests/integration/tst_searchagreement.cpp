@@ -358,8 +358,14 @@ class TestSearchAgreement : public QObject
             QRegularExpressionMatchIterator it = word.globalMatch(v.shown);
             while (it.hasNext())
                 words.append(it.next().captured());
-            if (!words.isEmpty())
-                return words.at(random.bounded(int(words.size())));
+            if (words.isEmpty())
+                continue;
+            const QString w = words.at(random.bounded(int(words.size())));
+            // The commonest words are in most verses: listing those says little and takes long,
+            // so one in ten is kept.
+            const int id = t.ids.value(fold(w), -1);
+            if (id < 0 || t.index.at(id).size() < 2000 || random.bounded(10) == 0)
+                return w;
         }
     }
 
@@ -498,8 +504,7 @@ private slots:
     // The quick search and the three advanced modes, with and without whole words.
     void existingModes()
     {
-        const QStringList queries{QStringLiteral("love god"),        QStringLiteral("the lord"),
-                                  QStringLiteral("Jesús"),           QStringLiteral("dios amor"),
+        const QStringList queries{QStringLiteral("love god"),        QStringLiteral("Jesús"),
                                   QStringLiteral("light  darkness"), QStringLiteral("’s"),
                                   QStringLiteral("{h430}"),          QStringLiteral("[added]")};
         constexpr int limit = 32767;

@@ -1,6 +1,8 @@
 // What the Search window does with what it found: the words marked in the list and the passage,
 // the chart of hits per book and its filter, searching within results, several translations at
 // once, export as CSV and text, and Stop.
+#include "../support/Controls.h"
+#include "../support/HookGuards.h"
 #include "../support/ProgramHarness.h"
 #include "../support/TranslationFixture.h"
 #include "app/BookHitsChart.h"
@@ -24,6 +26,7 @@
 #include <QTimer>
 
 using namespace fixture;
+using support::control;
 using support::ProgramHarness;
 
 class TestSearchResults : public QObject
@@ -32,18 +35,11 @@ class TestSearchResults : public QObject
 
     QTemporaryDir m_dir;
 
-    template <typename T> static T *in(QWidget *window, const char *name)
-    {
-        T *found = window->findChild<T *>(QLatin1String(name));
-        if (!found)
-            qFatal("no control named %s", name);
-        return found;
-    }
     // The references the list shows, hidden rows left out.
     static QStringList shown(QWidget *window)
     {
         QStringList items;
-        auto *list = in<QListWidget>(window, "lstResults");
+        auto *list = control<QListWidget>(window, "lstResults");
         for (int i = 0; i < list->count(); ++i) {
             if (!list->isRowHidden(i))
                 items << list->item(i)->text();
@@ -52,10 +48,10 @@ class TestSearchResults : public QObject
     }
     static void search(QWidget *window, const QString &query)
     {
-        auto *box = in<QLineEdit>(window, "txtQuery");
+        auto *box = control<QLineEdit>(window, "txtQuery");
         box->selectAll();
         QTest::keyClicks(box, query);
-        QTest::mouseClick(in<QPushButton>(window, "cmdSearch"), Qt::LeftButton);
+        QTest::mouseClick(control<QPushButton>(window, "cmdSearch"), Qt::LeftButton);
     }
     static frmSearch *open(ProgramHarness &program)
     {
@@ -69,7 +65,7 @@ class TestSearchResults : public QObject
     // How many pixels of the list show the colour behind what was found.
     static int markedPixels(QWidget *window)
     {
-        auto *list = in<QListWidget>(window, "lstResults");
+        auto *list = control<QListWidget>(window, "lstResults");
         const QImage image = list->viewport()->grab().toImage();
         const QRgb mark = FoundVerseDelegate::MarkColor().rgb();
         int count = 0;
@@ -127,14 +123,14 @@ private slots:
         ProgramHarness program(m_dir.path());
         QVERIFY(program.start(QStringLiteral("KJV")));
         frmSearch *window = open(program);
-        in<QRadioButton>(window, "optAllWords")->click();
+        control<QRadioButton>(window, "optAllWords")->click();
         search(window, QStringLiteral("love god"));
         QCOMPARE(shown(window), (QStringList{"Genesis 1:1", "Genesis 1:2", "Genesis 2:2",
                                              "John 2:1", "John 2:2"}));
-        QCOMPARE(in<QLabel>(window, "lbltitle")->text(), QStringLiteral("5 Matches"));
+        QCOMPARE(control<QLabel>(window, "lbltitle")->text(), QStringLiteral("5 Matches"));
         QTRY_VERIFY(markedPixels(window) > 50);
         // Each row shows its own verse under its reference: "God is love", "love of God".
-        auto *list = in<QListWidget>(window, "lstResults");
+        auto *list = control<QListWidget>(window, "lstResults");
         const QImage rows = list->viewport()->grab().toImage();
         const auto verseLine = [&](int row) {
             const QRect r = list->visualItemRect(list->item(row));
@@ -143,7 +139,7 @@ private slots:
         QVERIFY(verseLine(0) != verseLine(1));
 
         // The chart: three in Genesis, two in John; a bar's click filters, a second click clears.
-        auto *chart = in<BookHitsChart>(window, "picChart");
+        auto *chart = control<BookHitsChart>(window, "picChart");
         const QRect genesis = chart->barRect(1);
         const QRect john = chart->barRect(43);
         QVERIFY(!genesis.isEmpty() && !john.isEmpty());
@@ -151,13 +147,13 @@ private slots:
         QVERIFY(genesis.height() > john.height());
         QTest::mouseClick(chart, Qt::LeftButton, {}, john.center());
         QCOMPARE(shown(window), (QStringList{"John 2:1", "John 2:2"}));
-        QVERIFY(in<QPushButton>(window, "cmdClearFilter")->isEnabled());
+        QVERIFY(control<QPushButton>(window, "cmdClearFilter")->isEnabled());
         QTest::mouseClick(chart, Qt::LeftButton, {}, genesis.center());
         QCOMPARE(shown(window).size(), 3);
         QTest::mouseClick(chart, Qt::LeftButton, {}, genesis.center());
         QCOMPARE(shown(window).size(), 5);
         QTest::mouseClick(chart, Qt::LeftButton, {}, john.center());
-        QTest::mouseClick(in<QPushButton>(window, "cmdClearFilter"), Qt::LeftButton);
+        QTest::mouseClick(control<QPushButton>(window, "cmdClearFilter"), Qt::LeftButton);
         QCOMPARE(shown(window).size(), 5);
 
         // Opening a result marks the words in the passage, until the passage changes.
@@ -172,13 +168,13 @@ private slots:
 
         // Within these results: only the verses listed that also hold "said", or "god" (the list
         // kept to John).
-        in<QCheckBox>(window, "chkWithin")->click();
+        control<QCheckBox>(window, "chkWithin")->click();
         search(window, QStringLiteral("said"));
         QCOMPARE(shown(window), QStringList{"Genesis 2:2"});
-        in<QCheckBox>(window, "chkWithin")->click();
+        control<QCheckBox>(window, "chkWithin")->click();
         search(window, QStringLiteral("love god"));
         QTest::mouseClick(chart, Qt::LeftButton, {}, chart->barRect(43).center());
-        in<QCheckBox>(window, "chkWithin")->click();
+        control<QCheckBox>(window, "chkWithin")->click();
         search(window, QStringLiteral("god"));
         QCOMPARE(shown(window), (QStringList{"John 2:1", "John 2:2"}));
         QCOMPARE(answers.count(), 0);
@@ -192,15 +188,15 @@ private slots:
         ProgramHarness program(m_dir.path());
         QVERIFY(program.start(QStringLiteral("KJV")));
         frmSearch *window = open(program);
-        in<QRadioButton>(window, "optQuery")->click();
+        control<QRadioButton>(window, "optQuery")->click();
         search(window, QStringLiteral("lov* -loved"));
         QCOMPARE(shown(window),
                  (QStringList{"Genesis 1:1", "Genesis 1:2", "Genesis 2:2", "John 2:2"}));
-        QCOMPARE(in<QLabel>(window, "lbltitle")->text(), QStringLiteral("4 Matches"));
+        QCOMPARE(control<QLabel>(window, "lbltitle")->text(), QStringLiteral("4 Matches"));
         QTRY_VERIFY(markedPixels(window) > 50);
-        auto *list = in<QListWidget>(window, "lstResults");
+        auto *list = control<QListWidget>(window, "lstResults");
         list->setCurrentRow(3);
-        QTest::mouseClick(in<QPushButton>(window, "cmdShowVerse"), Qt::LeftButton);
+        QTest::mouseClick(control<QPushButton>(window, "cmdShowVerse"), Qt::LeftButton);
         QCOMPARE(passageMarks(program), QStringList{"love"});
 
         search(window, QStringLiteral("(love god"));
@@ -208,7 +204,7 @@ private slots:
         QVERIFY2(!answers.last().prompt.isEmpty(), "the message says what is wrong");
         QCOMPARE(answers.last().buttons, int(vb::vbExclamation));
         QCOMPARE(shown(window).size(), 4);
-        QCOMPARE(in<QLineEdit>(window, "txtQuery")->cursorPosition(), 0);
+        QCOMPARE(control<QLineEdit>(window, "txtQuery")->cursorPosition(), 0);
     }
 
     // The verses listed go to a file chosen in the save dialog: CSV quoted by the rules, or text,
@@ -219,28 +215,30 @@ private slots:
         ProgramHarness program(m_dir.path());
         QVERIFY(program.start(QStringLiteral("KJV")));
         frmSearch *window = open(program);
-        auto *translations = in<QListWidget>(window, "lstTranslations");
+        auto *translations = control<QListWidget>(window, "lstTranslations");
         QCOMPARE(translations->count(), 1);
         translations->item(0)->setCheckState(Qt::Checked);
-        in<QRadioButton>(window, "optAllWords")->click();
+        control<QRadioButton>(window, "optAllWords")->click();
         search(window, QStringLiteral("god love"));
         QCOMPARE(shown(window), (QStringList{"Genesis 1:1", "Genesis 1:2", "Genesis 2:2",
                                              "John 2:1", "John 2:1", "John 2:2", "John 2:2"}));
-        QCOMPARE(in<QLabel>(window, "lbltitle")->text(), QStringLiteral("7 Matches"));
+        QCOMPARE(control<QLabel>(window, "lbltitle")->text(), QStringLiteral("7 Matches"));
 
-        const QString csvPath = m_dir.filePath(QStringLiteral("found.csv"));
+        // The save dialog answers with a file and a type, or as Cancel does.
+        QString target = m_dir.filePath(QStringLiteral("found.csv"));
+        int type = 2;
+        bool chosen = true;
         QString asked;
-        const auto previous =
-            clsCommonOpenDialog::setTestAnswer([&](clsCommonOpenDialog &dialog, bool save) {
-                asked = dialog.Filter();
-                dialog.setFilename(csvPath);
-                dialog.setFilterIndex(2);
-                return save;
-            });
-        QTest::mouseClick(in<BookHitsChart>(window, "picChart"), Qt::LeftButton, {},
-                          in<BookHitsChart>(window, "picChart")->barRect(1).center());
-        QTest::mouseClick(in<QPushButton>(window, "cmdExport"), Qt::LeftButton);
-        QFile csv(csvPath);
+        support::FileAnswer answer([&](clsCommonOpenDialog &dialog, bool save) {
+            asked = dialog.Filter();
+            dialog.setFilename(target);
+            dialog.setFilterIndex(type);
+            return save && chosen;
+        });
+        QTest::mouseClick(control<BookHitsChart>(window, "picChart"), Qt::LeftButton, {},
+                          control<BookHitsChart>(window, "picChart")->barRect(1).center());
+        QTest::mouseClick(control<QPushButton>(window, "cmdExport"), Qt::LeftButton);
+        QFile csv(target);
         QVERIFY(csv.open(QIODevice::ReadOnly));
         QCOMPARE(csv.readAll(), QByteArray("translation,reference,book,chapter,verse,text\r\n"
                                            "KJV,GENESIS 1:1,Genesis,1,1,God is love\r\n"
@@ -250,15 +248,11 @@ private slots:
         QVERIFY(asked.contains(QStringLiteral("*.csv")));
 
         // Every book again, as text: the translation first, a reference's verses together.
-        const QString textPath = m_dir.filePath(QStringLiteral("found.txt"));
-        clsCommonOpenDialog::setTestAnswer([&](clsCommonOpenDialog &dialog, bool) {
-            dialog.setFilename(textPath);
-            dialog.setFilterIndex(1);
-            return true;
-        });
-        QTest::mouseClick(in<QPushButton>(window, "cmdClearFilter"), Qt::LeftButton);
-        QTest::mouseClick(in<QPushButton>(window, "cmdExport"), Qt::LeftButton);
-        QFile text(textPath);
+        target = m_dir.filePath(QStringLiteral("found.txt"));
+        type = 1;
+        QTest::mouseClick(control<QPushButton>(window, "cmdClearFilter"), Qt::LeftButton);
+        QTest::mouseClick(control<QPushButton>(window, "cmdExport"), Qt::LeftButton);
+        QFile text(target);
         QVERIFY(text.open(QIODevice::ReadOnly));
         const QList<QByteArray> lines = text.readAll().split('\n');
         QCOMPARE(lines.size(), 9);
@@ -267,11 +261,10 @@ private slots:
         QCOMPARE(lines.at(7), QByteArray("7 verses in 2 translations\r"));
 
         // A cancelled dialog writes nothing.
-        QFile::remove(textPath);
-        clsCommonOpenDialog::setTestAnswer([](clsCommonOpenDialog &, bool) { return false; });
-        QTest::mouseClick(in<QPushButton>(window, "cmdExport"), Qt::LeftButton);
-        QVERIFY(!QFile::exists(textPath));
-        clsCommonOpenDialog::setTestAnswer(previous);
+        QFile::remove(target);
+        chosen = false;
+        QTest::mouseClick(control<QPushButton>(window, "cmdExport"), Qt::LeftButton);
+        QVERIFY(!QFile::exists(target));
         QCOMPARE(answers.count(), 0);
     }
 
@@ -283,7 +276,7 @@ private slots:
         ProgramHarness program(m_dir.path());
         QVERIFY(program.start(QStringLiteral("KJV")));
         frmSearch *window = open(program);
-        auto *stop = in<QPushButton>(window, "cmdStop");
+        auto *stop = control<QPushButton>(window, "cmdStop");
         QVERIFY(!stop->isEnabled());
         bool enabledWhileRunning = false;
         QTimer::singleShot(0, window, [&] {
@@ -293,18 +286,18 @@ private slots:
         search(window, QStringLiteral("god"));
         QVERIFY(enabledWhileRunning);
         QVERIFY(shown(window).isEmpty());
-        QCOMPARE(in<QLabel>(window, "lbltitle")->text(),
+        QCOMPARE(control<QLabel>(window, "lbltitle")->text(),
                  QStringLiteral("0 Matches before the search was stopped"));
         QVERIFY(!stop->isEnabled());
         // The next search runs whole again.
         search(window, QStringLiteral("god"));
         QCOMPARE(shown(window).size(), 5);
         // The Query mode stops the same way.
-        in<QRadioButton>(window, "optQuery")->click();
+        control<QRadioButton>(window, "optQuery")->click();
         QTimer::singleShot(0, window, [&] { QTest::mouseClick(stop, Qt::LeftButton); });
         search(window, QStringLiteral("god"));
         QVERIFY(shown(window).isEmpty());
-        QCOMPARE(in<QLabel>(window, "lbltitle")->text(),
+        QCOMPARE(control<QLabel>(window, "lbltitle")->text(),
                  QStringLiteral("0 Matches before the search was stopped"));
         search(window, QStringLiteral("god"));
         QCOMPARE(shown(window).size(), 5);

@@ -38,6 +38,7 @@ public:
     void GoToReference(const QString &reference) override;
     void ShowPassage(const QString &rtf, const QString &title) override;
     void ShowConcordance(const QString &number) override;
+    void MarkInPassage(const PassageMarks &find) override;
 
     // Points the window at a translation folder of the program folder (its name, e.g. "KJV") and
     // fills everything from it. False when the user kept the window on the chapter shown

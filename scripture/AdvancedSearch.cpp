@@ -73,8 +73,15 @@ AdvancedSearch::Result AdvancedSearch::run(const clsBible &store, const Options 
     try {
         BookScan scan;
         scan.beforeBook = [&](int b) {
+            // Once stopped, the books left are passed over unopened.
+            if (result.stopped)
+                return false;
             if (onProgress)
                 onProgress(b, books);
+            if (stopRequested && stopRequested()) {
+                result.stopped = true;
+                return false;
+            }
             const bool chosen = options.books.value(b - 1, false);
             if (chosen)
                 bookName = store.BookName(b);

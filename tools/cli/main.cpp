@@ -5,6 +5,7 @@
 #include "MapCommand.h"
 #include "ModulesCommand.h"
 #include "ParallelCommand.h"
+#include "QueryCommand.h"
 #include "ReferenceCommand.h"
 #include "SettingsCommand.h"
 #include "WordStudyCommand.h"
@@ -50,6 +51,9 @@ int usage()
         "  search [--word] [--limit N] QUERY the quick keyword search over the translation\n"
         "  search --mode exact|all|any [--word] [--books LIST] [--limit N] QUERY\n"
         "                                    the advanced search; LIST like 1-39 or 1,19,40-43\n"
+        "  search --mode query [--translations A,B,...] [--books LIST] [--limit N]\n"
+        "         [--format text|csv] QUERY  the query language (see the README) over one or\n"
+        "                                    several translations\n"
         "  concordance [--limit N] NUMBER    every verse carrying a Strong's number (H430, G26)\n"
         "  check FOLDER                      check a translation folder for problems\n"
         "  notes REFERENCE                   the notes kept for the reference's chapter (rich "
@@ -375,6 +379,10 @@ int main(int argc, char **argv)
         translation = defaultTranslation(folder);
     QString translationPath =
         QDir::isAbsolutePath(translation) ? translation : ProgramFile(folder, translation);
+    if (command == u"search" && IsQueryMode(args)) {
+        const int status = QueryCommand(folder, translationPath, args, bookList);
+        return status == BadArguments ? usage() : status;
+    }
     if (translation.isEmpty() || !TranslationList::IsTranslation(translationPath)) {
         err(QStringLiteral("No translation \"%1\" in %2 (a translation folder holds bible.dat).")
                 .arg(translation, QDir::toNativeSeparators(folder)));

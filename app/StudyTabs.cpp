@@ -1,5 +1,6 @@
 #include "app/StudyTabs.h"
 
+#include "app/FoundVerseDelegate.h"
 #include "app/ParallelView.h"
 #include "platform/BusyCursor.h"
 #include "platform/MsgBox.h"
@@ -357,4 +358,38 @@ void StudyTabs::chooseColour()
     if (m_noteColors.Show(SSTab1->window()))
         rtfNotes->setSelColor(platform::WindowsColorToQColor(m_noteColors.Color()));
     rtfNotes->setFocus();
+}
+
+void StudyTabs::markPassage(const MainWindowLink::PassageMarks &find)
+{
+    // The document's own plain text has one character for each position of the document, so the
+    // spans found in it are document positions as they are.
+    platform::RichTextBox *view = rtfPassage;
+    QTextDocument *document = view->document();
+    // Finding and marking cost time for every verse, and each mark costs the view work at every
+    // repaint: a list of thousands of verses has its first ones marked, as far as a reader scrolls
+    // at first.
+    constexpr qsizetype mostMarked = 200000;
+    constexpr qsizetype mostMarks = 2000;
+    QList<std::pair<int, int>> spans = find(document->toPlainText().left(mostMarked));
+    if (spans.size() > mostMarks)
+        spans.resize(mostMarks);
+    QTextCharFormat look;
+    look.setBackground(FoundVerseDelegate::MarkColor());
+    look.setForeground(QColor(Qt::black));
+    QList<QTextEdit::ExtraSelection> marks;
+    marks.reserve(spans.size());
+    for (const auto &[start, length] : std::as_const(spans)) {
+        QTextEdit::ExtraSelection mark{QTextCursor(document), look};
+        mark.cursor.setPosition(start);
+        mark.cursor.setPosition(start + length, QTextCursor::KeepAnchor);
+        marks.append(mark);
+    }
+    // The marks lie over the text, not in it: saving, copying and printing never see them, and
+    // they go as soon as the view is given other text.
+    view->setExtraSelections(marks);
+    if (!marks.isEmpty())
+        connect(
+            view, &QTextEdit::textChanged, view, [view] { view->setExtraSelections({}); },
+            Qt::SingleShotConnection);
 }

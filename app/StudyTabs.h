@@ -1,5 +1,6 @@
 #pragma once
 
+#include "library/MainWindowLink.h"
 #include "platform/clsCommonColorDialog.h"
 #include "scripture/clsBible.h"
 #include "settings/SettingsRecords.h"
@@ -48,6 +49,9 @@ public:
     void showOther(const QString &rtf, const QString &title);
     const Passage &chapterOnDisplay() const { return m_onDisplay; }
     void showPassageTab();
+    // Marks what a search found in the passage on show, over the text rather than in it: saving,
+    // copying and printing never see the marks, and they go when the view is given other text.
+    void markPassage(const MainWindowLink::PassageMarks &find);
 
     // Before the chapter on display changes: unsaved notes are saved or dropped, as the user
     // says. False when they were to be saved and could not be: the change must not happen.

@@ -2,6 +2,7 @@
 
 #include "app/frmMain.h"
 #include "platform/MsgBox.h"
+#include "platform/TextZoom.h"
 #include "scripture/basStrings.h"
 #include "settings/ProgramSettings.h"
 #include "settings/WindowPlacement.h"
@@ -29,6 +30,12 @@ frmLoadVersion::frmLoadVersion(const QString &commandLine, QWidget *parent)
     : QDialog(parent), m_commandLine(commandLine)
 {
     setObjectName(QStringLiteral("frmLoadVersion"));
+    // Every text view of the program zooms and keeps its zoom from one session to the next.
+    platform::TextZoom::InstallEverywhere(
+        [](const QString &view) { return WindowSettings::Get(WindowSettings::ZoomPercent, view); },
+        [](const QString &view, int percent) {
+            WindowSettings::Set(WindowSettings::ZoomPercent, view, percent);
+        });
     setWindowTitle(tr("Quillstone Bible System"));
     auto *layout = new QVBoxLayout(this);
     auto *label = new QLabel(tr("Choose a &translation to open:"), this);

@@ -1,22 +1,19 @@
 #include "app/frmMain.h"
 
-#include "app/FoundVerseDelegate.h"
+#include "app/BookmarkCommands.h"
 #include "app/HistoryNavigator.h"
 #include "app/MainMenus.h"
 #include "app/NavigatorPane.h"
 #include "app/PassageCommands.h"
+#include "app/QuickSearchView.h"
 #include "app/StudyTabs.h"
 #include "app/ToolWindows.h"
 #include "app/frmAbout.h"
-#include "bookmarks/frmAddBookmark.h"
-#include "bookmarks/frmOrganizeBookmarks.h"
 #include "library/DataFiles.h"
-#include "platform/BusyCursor.h"
 #include "platform/CSendMessage.h"
 #include "platform/InputBox.h"
 #include "platform/MsgBox.h"
 #include "platform/RichTextBox.h"
-#include "platform/TextZoom.h"
 #include "scripture/StrongConcordance.h"
 #include "scripture/TranslationList.h"
 #include "scripture/VerseMapping.h"
@@ -29,17 +26,12 @@
 
 #include <QAction>
 #include <QCloseEvent>
-#include <QGuiApplication>
 #include <QLabel>
 #include <QMouseEvent>
-#include <QProgressBar>
-#include <QScreen>
 #include <QSplitter>
 #include <QTabWidget>
 #include <QTimer>
 #include <QVBoxLayout>
-
-#include <optional>
 
 namespace {
 
@@ -58,13 +50,6 @@ constexpr int kMinHeightTwips = 4080;
 frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
 {
     setObjectName(QStringLiteral("frmMain"));
-    // Every text view of the program, this window's own among them, zooms and keeps its zoom
-    // from one session to the next.
-    platform::TextZoom::InstallEverywhere(
-        [](const QString &view) { return WindowSettings::Get(WindowSettings::ZoomPercent, view); },
-        [](const QString &view, int percent) {
-            WindowSettings::Set(WindowSettings::ZoomPercent, view, percent);
-        });
     auto *central = new QWidget(this);
     auto *layout = new QVBoxLayout(central);
     layout->setContentsMargins(6, 6, 6, 6);
@@ -87,6 +72,7 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
     layout->addWidget(m_navigator->boxes());
     setCentralWidget(central);
     m_menus = new MainMenus(this);
+    m_marks = std::make_unique<BookmarkCommands>(*m_menus, m_bible, this);
     m_tools = std::make_unique<ToolWindows>(*this, this);
     m_history =
         new HistoryNavigator(this, *m_study, [this](const Place &p) { return goToPlace(p); });
@@ -96,12 +82,8 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
                                       WindowPlacement::Position | WindowPlacement::Size |
                                           WindowPlacement::State);
     m_placement->setMinimumOuterSize(kMinWidthTwips, kMinHeightTwips);
-    // The first size, for a user who does not keep the window's placement: as large as a reader
-    // wants, but on the screen.
-    QSize size(1000, 720);
-    if (const QScreen *screen = QGuiApplication::primaryScreen())
-        size = size.boundedTo(screen->availableGeometry().size() - QSize(40, 80));
-    resize(size.expandedTo(minimumSize()));
+    // The first size, for a user who does not keep the window's placement.
+    WindowPlacement::ResizeOnScreen(this, QSize(1000, 720));
     // Old settings files spell the key so; the store finds "left" under it all the same.
     m_placement->setLeftReadKey(QStringLiteral("Left"));
     m_placement->addSplitter(splitter, {QStringLiteral("split0"), QStringLiteral("split1")});
@@ -155,8 +137,8 @@ void frmMain::connectCommands()
          [this] { PassageCommands::Copy(m_navigator->chosenBook()); }},
         {m_menus->mnuEditFind, [=, &tools] { tools.find(shown); }},
         {m_menus->mnuEditOptions, [this] { editOptions(); }},
-        {m_menus->mnuBookmarksAdd, [this] { addBookmark(); }},
-        {m_menus->mnuBookmarksOrganize, [this] { organizeBookmarks(); }},
+        {m_menus->mnuBookmarksAdd, [this] { m_marks->Add(m_navigator->title()->text()); }},
+        {m_menus->mnuBookmarksOrganize, [this] { m_marks->Organize(); }},
         {m_menus->mnuReferencesDictionary, [&tools] { tools.dictionary(); }},
         {m_menus->mnuReferencesStrong, [&tools] { tools.strongLexicon(); }},
         {m_menus->mnuReferencesConcordance, [this] { askForConcordance(); }},
@@ -247,14 +229,8 @@ bool frmMain::openTranslation(const QString &folder)
 
     if (!reopening || !place.found())
         return true;
-    ReaderPlace there = KeepReaderPlace(before, {place.bookNumber, place.chapterFrom, 0}, m_bible);
-    // A book the numbering does not know: the same book by name, else by number when both
-    // translations have as many books.
-    if (there.book == 0) {
-        there = {m_bible.BookByName(place.book), place.chapterFrom, 0};
-        if (there.book == 0 && before.BooksCount() == m_bible.BooksCount())
-            there.book = place.bookNumber;
-    }
+    const ReaderPlace there =
+        PlaceInOtherTranslation(before, {place.bookNumber, place.chapterFrom, 0}, m_bible);
     if (there.book != 0)
         m_navigator->choose(there.book, there.chapter);
     return true;
@@ -423,43 +399,15 @@ void frmMain::runSearch(const clsBible &store,
     m_searching = true;
     m_history->wentAway();
     m_study->showPassageTab();
-    std::optional<platform::BusyCursor> busy(std::in_place);
-    QLabel *title = m_navigator->title();
-    QProgressBar *progress = m_navigator->progress();
-    title->setText(QString());
-    m_navigator->focusQuery();
-    m_study->passageView()->setText(QString());
-    progress->setMaximum(std::max(1, store.BooksCount()));
-    progress->setValue(0);
-    progress->setVisible(true);
-
-    ::QuickSearch search;
-    search.onTitle = [title](const QString &text) { title->setText(text); };
-    search.onProgress = [progress](int value, int) {
-        progress->setValue(value);
-        platform::YieldToEvents();
-    };
-    const ::QuickSearch::Result result = scan(search);
-    title->setText(result.title);
-    // The results go in as one text with the caret left at the top: a caret after tens of
-    // thousands of results would have the view lay out every one of them before showing any.
-    if (result.outcome != ::QuickSearch::Outcome::Failed &&
-        result.outcome != ::QuickSearch::Outcome::TooMany)
-        m_study->passageView()->setText(SearchHit::ListedAll(result.hits));
-
-    // The normal pointer is back before a failure is told.
-    busy.reset();
-    progress->setVisible(false);
+    const QString failure = ShowQuickSearch(*m_navigator, *m_study, store, scan);
     m_searching = false;
-    if (!result.failureMessage.isEmpty())
-        platform::MsgBox(result.failureMessage);
+    if (!failure.isEmpty())
+        platform::MsgBox(failure);
 }
 
 void frmMain::LoadBookmarks()
 {
-    // The file, repaired when missing, gives the entries and the shared reference list.
-    m_bookmarks.Load();
-    m_menus->setBookmarks(m_bookmarks.Names());
+    m_marks->Load();
 }
 
 void frmMain::showBookmark(int index)
@@ -467,23 +415,9 @@ void frmMain::showBookmark(int index)
     if (!m_study->askToKeepNotes())
         return;
     // The reference list may have lost items since the menu was built (Remove, then Cancel).
-    const Passage fetched = m_bible.MoveTo(m_bookmarks.Reference(index));
+    const Passage fetched = m_bible.MoveTo(m_marks->Reference(index));
     showChapter(fetched, QStringLiteral("Bookmark: ") + fetched.Standard() +
-                             QStringLiteral(" -- ") + m_bookmarks.Names().value(index - 1));
-}
-
-void frmMain::addBookmark()
-{
-    frmAddBookmark dialog(
-        m_navigator->title()->text(), [this] { LoadBookmarks(); }, this);
-    dialog.exec();
-}
-
-void frmMain::organizeBookmarks()
-{
-    frmOrganizeBookmarks dialog(
-        m_bookmarks.Names(), m_bookmarks.References(), m_bible, [this] { LoadBookmarks(); }, this);
-    dialog.exec();
+                             QStringLiteral(" -- ") + m_marks->Name(index));
 }
 
 void frmMain::editOptions()
@@ -558,34 +492,5 @@ bool frmMain::eventFilter(QObject *watched, QEvent *event)
 
 void frmMain::MarkInPassage(const PassageMarks &find)
 {
-    // The document's own plain text has one character for each position of the document, so the
-    // spans found in it are document positions as they are.
-    platform::RichTextBox *view = m_study->passageView();
-    QTextDocument *document = view->document();
-    // Finding and marking cost time for every verse, and each mark costs the view work at every
-    // repaint: a list of thousands of verses has its first ones marked, as far as a reader scrolls
-    // at first.
-    constexpr qsizetype mostMarked = 200000;
-    constexpr qsizetype mostMarks = 2000;
-    QList<std::pair<int, int>> spans = find(document->toPlainText().left(mostMarked));
-    if (spans.size() > mostMarks)
-        spans.resize(mostMarks);
-    QTextCharFormat look;
-    look.setBackground(FoundVerseDelegate::MarkColor());
-    look.setForeground(QColor(Qt::black));
-    QList<QTextEdit::ExtraSelection> marks;
-    marks.reserve(spans.size());
-    for (const auto &[start, length] : std::as_const(spans)) {
-        QTextEdit::ExtraSelection mark{QTextCursor(document), look};
-        mark.cursor.setPosition(start);
-        mark.cursor.setPosition(start + length, QTextCursor::KeepAnchor);
-        marks.append(mark);
-    }
-    // The marks lie over the text, not in it: saving, copying and printing never see them, and
-    // they go as soon as the view is given other text.
-    view->setExtraSelections(marks);
-    if (!marks.isEmpty())
-        connect(
-            view, &QTextEdit::textChanged, view, [view] { view->setExtraSelections({}); },
-            Qt::SingleShotConnection);
+    m_study->markPassage(find);
 }

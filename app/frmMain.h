@@ -1,6 +1,5 @@
 #pragma once
 
-#include "bookmarks/Bookmarks.h"
 #include "library/MainWindowLink.h"
 #include "scripture/PlaceHistory.h"
 #include "scripture/QuickSearch.h"
@@ -11,6 +10,7 @@
 #include <functional>
 #include <memory>
 
+class BookmarkCommands;
 class HistoryNavigator;
 class MainMenus;
 class NavigatorPane;
@@ -70,8 +70,6 @@ private slots:
     void cmdSearch_Click();
     void askForConcordance();
     void showBookmark(int index);
-    void addBookmark();
-    void organizeBookmarks();
     void editOptions();
     void showUnitsTable();
 
@@ -97,7 +95,6 @@ private:
                    const std::function<::QuickSearch::Result(::QuickSearch &)> &scan);
 
     clsBible m_bible;
-    Bookmarks m_bookmarks;
     // The translation the concordance searches when the open one carries no numbers.
     std::unique_ptr<clsBible> m_numbered;
     QString m_lastConcordance;
@@ -111,6 +108,7 @@ private:
     StudyTabs *m_study = nullptr;
     MainMenus *m_menus = nullptr;
     std::unique_ptr<ToolWindows> m_tools;
+    std::unique_ptr<BookmarkCommands> m_marks;
     QSplitter *splitter = nullptr;
     WindowPlacement *m_placement = nullptr;
     HistoryNavigator *m_history = nullptr;

@@ -111,6 +111,20 @@ ReaderPlace KeepReaderPlace(const clsBible &from, const ReaderPlace &place, cons
     return carried;
 }
 
+ReaderPlace PlaceInOtherTranslation(const clsBible &from, const ReaderPlace &place,
+                                    const clsBible &to)
+{
+    ReaderPlace there = KeepReaderPlace(from, place, to);
+    // A book the numbering does not know: the same book by name, else by number when both
+    // translations have as many books.
+    if (there.book == 0) {
+        there = {to.BookByName(from.BookName(place.book)), place.chapter, 0};
+        if (there.book == 0 && from.BooksCount() == to.BooksCount())
+            there.book = place.book;
+    }
+    return there;
+}
+
 int BookOfTypedName(const clsBible &bible, const VerseNumbering &numbering, const QString &bookPart)
 {
     const QString typed = ReferenceParser::ExpandAbbreviation(

@@ -62,6 +62,11 @@ private:
 // book goes). Book 0 when `to` lacks the book (the caller keeps its own fallback then).
 ReaderPlace KeepReaderPlace(const clsBible &from, const ReaderPlace &place, const clsBible &to);
 
+// The same, falling back for a book the numberings do not know to the book of the same name, else
+// of the same number when both translations have as many books; book 0 when none is found.
+ReaderPlace PlaceInOtherTranslation(const clsBible &from, const ReaderPlace &place,
+                                    const clsBible &to);
+
 // The book number a typed book part ("Psalm", "Ps", "1 Jn") names in a translation: by the
 // translation's own book names as the store matches them, else by the English names, so that a
 // translation with book names in another language still answers "Psalm 9:22". 0 when none.

@@ -129,6 +129,13 @@ QRect WindowPlacement::FitOnScreen(const QRect &outer, const QRect &available, c
     return fitted;
 }
 
+void WindowPlacement::ResizeOnScreen(QWidget *window, QSize wanted)
+{
+    if (const QScreen *screen = QGuiApplication::primaryScreen())
+        wanted = wanted.boundedTo(screen->availableGeometry().size() - QSize(40, 80));
+    window->resize(wanted.expandedTo(window->minimumSize()));
+}
+
 void WindowPlacement::CentreOver(QWidget *window, const QWidget *over)
 {
     if (!window || !over)

@@ -58,6 +58,9 @@ public:
     // Puts a window that keeps no place of its own, before it is first shown, over the middle of
     // another window and wholly on the screen.
     static void CentreOver(QWidget *window, const QWidget *over);
+    // Gives a window its first size, for a user who does not keep placements: the size wanted,
+    // as far as the screen allows, and never below the window's minimum.
+    static void ResizeOnScreen(QWidget *window, QSize wanted);
 
 signals:
     // The splitters stand where they were saved; they are placed once the window is on screen.

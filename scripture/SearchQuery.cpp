@@ -206,23 +206,25 @@ std::pair<qsizetype, qsizetype> nextWord(QStringView text, QStringView pattern, 
         const qsizetype at = findLiteral(text, anchor, search);
         if (at < 0)
             return {-1, -1};
+        if (!wild && !wordAt(text, at - 1) && !wordAt(text, at + anchor.size()))
+            return {at, at + anchor.size()};
+        // Any other place of the anchor within the same word is inside that word too: the search
+        // goes on after it.
+        qsizetype end = at + anchor.size();
+        while (wordAt(text, end))
+            ++end;
         if (!wild) {
-            if (!wordAt(text, at - 1) && !wordAt(text, at + anchor.size()))
-                return {at, at + anchor.size()};
-            search = at + 1;
+            search = end;
             continue;
         }
         // The word around the anchor, matched as a whole.
         qsizetype start = at;
         while (start > from && wordAt(text, start - 1))
             --start;
-        qsizetype end = at + anchor.size();
-        while (wordAt(text, end))
-            ++end;
         if (start >= from && !wordAt(text, start - 1) &&
             globMatch(text.mid(start, end - start), pattern))
             return {start, end};
-        search = at + 1;
+        search = end;
     }
 }
 

@@ -47,6 +47,13 @@ public:
     qsizetype count() const { return m_count; }
     bool test(qsizetype i) const { return (m_words[size_t(i / 64)] >> (i % 64)) & 1; }
     void set(qsizetype i) { m_words[size_t(i / 64)] |= quint64(1) << (i % 64); }
+    qsizetype ones() const
+    {
+        qsizetype n = 0;
+        for (const quint64 w : m_words)
+            n += std::popcount(w);
+        return n;
+    }
     bool any() const
     {
         return std::any_of(m_words.cbegin(), m_words.cend(), [](quint64 w) { return w != 0; });
@@ -277,6 +284,21 @@ Flags evaluate(const Node &node, const FoldedVerses &verses, const Flags &candid
     case Node::Kind::Words: {
         Flags found(count);
         const QStringView text(verses.folded);
+        const auto find = [&](QStringView within, qsizetype from) {
+            return node.words.size() == 1 ? nextWord(within, node.words.first(), from)
+                                          : nextPhrase(within, node.words, from);
+        };
+        // When the terms before left few verses, only those are read.
+        if (candidates.ones() * 16 < count) {
+            for (qsizetype v = 0; v < count; ++v) {
+                if (!candidates.test(v))
+                    continue;
+                const qsizetype end = verses.foldedStarts.at(v + 1);
+                if (find(text.first(end), verses.foldedStarts.at(v)).first >= 0)
+                    found.set(v);
+            }
+            return found;
+        }
         qsizetype from = 0;
         while (from < text.size()) {
             const auto [start, end] = node.words.size() == 1

@@ -5,9 +5,12 @@
 set -eu
 build=${1:-build}
 sh "$(dirname "$0")/setup.sh" hyperfine
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
 cd "$build/program"
-hyperfine -N --warmup 10 --runs 100 --export-markdown /dev/stdout \
+hyperfine -N --warmup 10 --runs 100 --export-markdown "$work/result.md" \
     'grep -ric love KJV/oldtest KJV/newtest' \
     './quillstone-cli --dir . --translation KJV search "love god"' \
     './quillstone-cli --dir . --translation KJV search --mode query "love god"' \
     './quillstone-cli --dir . --translation KJV books'
+cat "$work/result.md"

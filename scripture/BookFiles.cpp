@@ -149,6 +149,8 @@ bool changesIntoAscii(const char *bytes, qsizetype n)
 // on disk would kill the program with SIGBUS when a page past its new end is read, so the mapped
 // ranges are listed and a guard catches that signal: the page is replaced by one of zeros and the
 // reading goes on. The cache sees the changed size at the next look and reads the file again.
+// Pages are mapped as they are first read (the system maps their neighbours with them), which
+// costs less than asking for all of them at once.
 namespace guard {
 
 constexpr int kSlots = 512;
@@ -220,7 +222,7 @@ std::optional<QByteArray> mapFile(int fd, qsizetype size, std::shared_ptr<const 
     constexpr qsizetype kSmallest = 16 * 1024;
     if (size < kSmallest || !guard::install())
         return std::nullopt;
-    void *data = mmap(nullptr, size_t(size), PROT_READ, MAP_PRIVATE | MAP_POPULATE, fd, 0);
+    void *data = mmap(nullptr, size_t(size), PROT_READ, MAP_PRIVATE, fd, 0);
     if (data == MAP_FAILED)
         return std::nullopt;
     const int slot = guard::add(data, size_t(size));

@@ -780,6 +780,14 @@ bool SearchQuery::Matches(const QString &verse) const
     return MatchingVerses(one).front();
 }
 
+bool SearchQuery::MatchesShown(const QString &shownText) const
+{
+    FoldedVerses one;
+    one.append({}, shownText, false);
+    one.finish();
+    return MatchingVerses(one).front();
+}
+
 std::vector<bool> SearchQuery::MatchingVerses(const FoldedVerses &verses) const
 {
     const Flags all(verses.count(), true);

@@ -131,6 +131,10 @@ private slots:
         QCOMPARE(excluded->Highlights(shown), (QList<std::pair<int, int>>{{23, 3}}));
         QCOMPARE(SearchQuery::DisplayedText(u"3 In{G1722} [the] beginning"),
                  QStringLiteral("In the beginning"));
+        // A text as shown keeps a number at its start; a stored line does not.
+        const auto number = SearchQuery::Parse(QStringLiteral("144"));
+        QVERIFY(number->MatchesShown(QStringLiteral("144 thousand were sealed")));
+        QVERIFY(!number->Matches(QStringLiteral("144 thousand were sealed")));
     }
 
     // Two translations, books chosen, the limit, interleaving by reference, and a book file that

@@ -87,13 +87,20 @@ QString fold(const QString &text)
     return folded;
 }
 
+// The runs of letters and digits.
 QStringList wordsOf(const QString &folded)
 {
-    static const QRegularExpression word(QStringLiteral("[\\p{L}\\p{N}]+"));
     QStringList words;
-    QRegularExpressionMatchIterator it = word.globalMatch(folded);
-    while (it.hasNext())
-        words.append(it.next().captured());
+    qsizetype start = -1;
+    for (qsizetype i = 0; i <= folded.size(); ++i) {
+        const bool inWord = i < folded.size() && folded.at(i).isLetterOrNumber();
+        if (inWord && start < 0)
+            start = i;
+        if (!inWord && start >= 0) {
+            words.append(folded.mid(start, i - start));
+            start = -1;
+        }
+    }
     return words;
 }
 

@@ -7,6 +7,7 @@
 #include "platform/FileSystem.h"
 #include "platform/MsgBox.h"
 #include "platform/RichTextBox.h"
+#include "platform/TextZoom.h"
 #include "platform/clsCommonOpenDialog.h"
 #include "scripture/basStrings.h"
 #include "settings/ProgramSettings.h"
@@ -16,6 +17,9 @@
 #include <QDir>
 #include <QGuiApplication>
 #include <QSignalBlocker>
+#include <QTextDocument>
+
+#include <memory>
 
 namespace PassageCommands {
 
@@ -58,13 +62,13 @@ void ExportToEditor(const QString &text)
                          vb::vbCritical);
         return;
     }
-    // 3. It opens in the desktop's text editor, and the program goes on at once.
+    // It opens in the desktop's text editor, and the program goes on at once.
     openOnDesktop(path, tr("The exported passage could not be opened: "));
 }
 
 void SaveAs(const platform::RichTextBox *view, QWidget *parent)
 {
-    // 1. The save dialog. It does not ask before replacing a file itself: the name it gives may
+    // The save dialog. It does not ask before replacing a file itself: the name it gives may
     // still get its type's ending, and the question must be about the file that is written.
     clsCommonOpenDialog dialog;
     dialog.setFilter(PassageFiles::SaveFilter());
@@ -72,7 +76,7 @@ void SaveAs(const platform::RichTextBox *view, QWidget *parent)
     dialog.setDialogtitle(tr("Filename to save to?"));
     dialog.setOverWritePrompt(false);
     dialog.setPathMustExist(true);
-    // 2. Cancel stops here.
+    // Cancel stops here.
     if (!dialog.ShowSave(parent))
         return;
     // 3-4. Rich text for the second type, plain text otherwise; the ending added when missing.
@@ -87,7 +91,7 @@ void SaveAs(const platform::RichTextBox *view, QWidget *parent)
                          vb::vbYesNo | vb::vbExclamation | vb::vbDefaultButton2,
                          dialog.Dialogtitle()) != vb::vbYes)
         return;
-    // 5. One piece of text and a line break.
+    // One piece of text and a line break.
     const QString failure = PassageFiles::Write(path, rich ? view->TextRTF() : view->Text());
     if (!failure.isEmpty())
         platform::MsgBox(tr("The passage could not be saved to ") + path + QStringLiteral(":\r\n") +
@@ -97,7 +101,16 @@ void SaveAs(const platform::RichTextBox *view, QWidget *parent)
 
 void Print(const platform::RichTextBox *view, const QString &title, QWidget *parent)
 {
-    frmPrint dialog(view->document(), title, parent);
+    // The pages get the options' font, whatever zoom the reader has on screen.
+    const QTextDocument *document = view->document();
+    std::unique_ptr<QTextDocument> unzoomed;
+    if (const platform::TextZoom *zoom = platform::TextZoom::find(view);
+        zoom && zoom->percent() != 100) {
+        unzoomed.reset(document->clone());
+        unzoomed->setDefaultFont(zoom->baseFont());
+        document = unzoomed.get();
+    }
+    frmPrint dialog(document, title, parent);
     dialog.exec();
 }
 

@@ -1,5 +1,6 @@
 #include "app/StudyTabs.h"
 
+#include "app/ParallelView.h"
 #include "platform/BusyCursor.h"
 #include "platform/MsgBox.h"
 #include "platform/RichTextBox.h"
@@ -54,8 +55,13 @@ StudyTabs::StudyTabs(const clsBible &translation, QLabel *title, QWidget *parent
     rtfTVC->setObjectName(QStringLiteral("rtfTVC"));
     rtfTVC->setLocked(true);
     SSTab1->addTab(rtfTVC, kCommentaryCaption);
+    m_parallelPage = new QWidget(SSTab1);
+    m_parallelPage->setObjectName(QStringLiteral("parallelTab"));
+    (new QVBoxLayout(m_parallelPage))->setContentsMargins(0, 0, 0, 0);
+    SSTab1->addTab(m_parallelPage, tr("Parallel"));
     SSTab1->setTabToolTip(1, tr("Your own notes on the chapter"));
     SSTab1->setTabToolTip(2, tr("Commentary on the chapter"));
+    SSTab1->setTabToolTip(3, tr("The chapter in several translations side by side"));
     connect(SSTab1, &QTabWidget::currentChanged, this, &StudyTabs::tabChanged);
 }
 
@@ -121,6 +127,8 @@ QWidget *StudyTabs::buildNotesPage(QWidget *parent)
 platform::RichTextBox *StudyTabs::shownView() const
 {
     // The view of the tab on show, by its caption.
+    if (m_parallel && SSTab1->currentWidget() == m_parallelPage)
+        return m_parallel->view();
     const QString shown = caption(SSTab1->currentIndex());
     if (shown == kCommentaryCaption)
         return rtfTVC;
@@ -137,6 +145,8 @@ void StudyTabs::showChapter(const Passage &fetched, const QString &title)
     if (fetched.found()) {
         m_onDisplay = fetched;
         m_onDisplay.text.clear();
+        if (m_parallel)
+            m_parallel->setPassage(m_onDisplay);
     }
     refresh();
 }
@@ -164,6 +174,9 @@ void StudyTabs::applyLook(DisplaySettings &display)
 {
     ApplyRichTextStyle(rtfPassage, display.passage);
     ApplyRichTextStyle(rtfTVC, display.passage);
+    m_passageStyle = display.passage;
+    if (m_parallel)
+        m_parallel->applyLook(m_passageStyle);
     const bool saved = m_notesSaved;
     ApplyRichTextStyle(rtfNotes, display.passage);
     m_notesSaved = saved;
@@ -178,7 +191,7 @@ void StudyTabs::tabChanged(int index)
 {
     const int previousTab = m_shownTab;
     m_shownTab = index;
-    // 1. Leaving a tab: its title goes back, and unsaved notes are saved if the user wants them.
+    // Leaving a tab: its title goes back, and unsaved notes are saved if the user wants them.
     const QString left = caption(previousTab);
     if (left == kNotesCaption) {
         m_title->setText(m_savedTitle);
@@ -196,14 +209,30 @@ void StudyTabs::tabChanged(int index)
         m_title->setText(m_savedTitle);
     }
 
-    // 2. Entering a tab.
+    // Entering a tab.
     const QString entered = caption(index);
     if (entered == kCommentaryCaption)
         enterCommentary(true);
     else if (entered == kNotesCaption)
         enterNotes(true);
+    else if (SSTab1->widget(index) == m_parallelPage)
+        enterParallel();
     else
         rtfPassage->setFocus();
+}
+
+void StudyTabs::enterParallel()
+{
+    if (!m_parallel) {
+        m_parallel = new ParallelView(m_translation, programFolder(), m_parallelPage);
+        m_parallelPage->layout()->addWidget(m_parallel);
+        m_parallel->show();
+        m_parallel->applyLook(m_passageStyle);
+        connect(m_parallel, &ParallelView::referenceChosen, this,
+                &StudyTabs::parallelReferenceChosen);
+    }
+    m_parallel->setPassage(m_onDisplay);
+    m_parallel->view()->setFocus();
 }
 
 void StudyTabs::enterCommentary(bool focus)

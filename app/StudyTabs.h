@@ -2,6 +2,7 @@
 
 #include "platform/clsCommonColorDialog.h"
 #include "scripture/clsBible.h"
+#include "settings/SettingsRecords.h"
 
 #include <QObject>
 #include <QString>
@@ -9,6 +10,7 @@
 #include <memory>
 
 class CommentaryStore;
+class ParallelView;
 class QFrame;
 class QLabel;
 class QPushButton;
@@ -53,6 +55,12 @@ public:
     void setCommentaryAvailable(bool available);
     // The passage style of the options on the three views; a new look is no edit of the notes.
     void applyLook(DisplaySettings &display);
+    // The side-by-side view, once the "Parallel" tab has been shown; nullptr before.
+    ParallelView *parallelView() const { return m_parallel; }
+
+signals:
+    // A reference clicked in the side-by-side view: the translation folder and the reference.
+    void parallelReferenceChosen(const QString &folder, const QString &reference);
 
 private slots:
     void tabChanged(int index);
@@ -68,6 +76,7 @@ private:
     QString caption(int index) const;
     void enterNotes(bool focus);
     void enterCommentary(bool focus);
+    void enterParallel();
     void refresh();
     void toggle(bool (platform::RichTextBox::*get)() const,
                 void (platform::RichTextBox::*set)(bool));
@@ -90,4 +99,8 @@ private:
     platform::RichTextBox *rtfTVC = nullptr;
     QFrame *frmNotesCommands = nullptr;
     QPushButton *cmdSaveNotes = nullptr;
+    // The "Parallel" tab's page; its view is made the first time the tab is shown.
+    QWidget *m_parallelPage = nullptr;
+    ParallelView *m_parallel = nullptr;
+    TextStyle m_passageStyle;
 };

@@ -1,10 +1,13 @@
 #include "app/frmMain.h"
 
+#include "app/FoundVerseDelegate.h"
+#include "app/HistoryNavigator.h"
 #include "app/MainMenus.h"
 #include "app/NavigatorPane.h"
 #include "app/PassageCommands.h"
 #include "app/StudyTabs.h"
 #include "app/ToolWindows.h"
+#include "app/frmAbout.h"
 #include "bookmarks/frmAddBookmark.h"
 #include "bookmarks/frmOrganizeBookmarks.h"
 #include "library/DataFiles.h"
@@ -13,7 +16,7 @@
 #include "platform/InputBox.h"
 #include "platform/MsgBox.h"
 #include "platform/RichTextBox.h"
-#include "platform/frmAbout.h"
+#include "platform/TextZoom.h"
 #include "scripture/StrongConcordance.h"
 #include "scripture/TranslationList.h"
 #include "scripture/VerseMapping.h"
@@ -21,6 +24,7 @@
 #include "settings/ProgramSettings.h"
 #include "settings/WindowPlacement.h"
 #include "settings/WindowSettings.h"
+#include "settings/basSettings.h"
 #include "settings/frmOptions.h"
 
 #include <QAction>
@@ -54,6 +58,13 @@ constexpr int kMinHeightTwips = 4080;
 frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
 {
     setObjectName(QStringLiteral("frmMain"));
+    // Every text view of the program, this window's own among them, zooms and keeps its zoom
+    // from one session to the next.
+    platform::TextZoom::InstallEverywhere(
+        [](const QString &view) { return WindowSettings::Get(WindowSettings::ZoomPercent, view); },
+        [](const QString &view, int percent) {
+            WindowSettings::Set(WindowSettings::ZoomPercent, view, percent);
+        });
     auto *central = new QWidget(this);
     auto *layout = new QVBoxLayout(central);
     layout->setContentsMargins(6, 6, 6, 6);
@@ -77,6 +88,8 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
     setCentralWidget(central);
     m_menus = new MainMenus(this);
     m_tools = std::make_unique<ToolWindows>(*this, this);
+    m_history =
+        new HistoryNavigator(this, *m_study, [this](const Place &p) { return goToPlace(p); });
     connectCommands();
 
     m_placement = new WindowPlacement(this, QStringLiteral("main"),
@@ -113,6 +126,16 @@ void frmMain::connectCommands()
             &QAction::trigger);
     connect(m_menus, &MainMenus::bookmarkChosen, this, &frmMain::showBookmark);
     connect(m_menus, &MainMenus::translationChosen, this, &frmMain::translationChosen);
+    // A reference clicked in the side-by-side view opens in its own translation, on the
+    // passage tab.
+    connect(m_study, &StudyTabs::parallelReferenceChosen, this,
+            [this](const QString &folder, const QString &reference) {
+                // Kept on the translation open (unsaved notes that could not be saved).
+                if (!switchTranslationFor(folder))
+                    return;
+                m_study->showPassageTab();
+                GoToReference(reference);
+            });
 
     const auto shown = [this] { return m_study->shownView(); };
     const auto passage = [this] { return m_study->passageView(); };
@@ -183,6 +206,20 @@ void frmMain::checkDataFiles()
 
 bool frmMain::LoadTranslation(const QString &folder)
 {
+    // Opening a translation shows a chapter or two on the way; only where it ends is a step.
+    m_history->leaving();
+    bool opened = false;
+    {
+        const HistoryNavigator::Hold hold(*m_history);
+        opened = openTranslation(folder);
+    }
+    if (opened)
+        m_history->arrived(m_translationFolder, m_study->chapterOnDisplay());
+    return opened;
+}
+
+bool frmMain::openTranslation(const QString &folder)
+{
     // Keep the reader's place when another translation is opened over this one: the book and
     // chapter carried through both translations' verse numbering.
     const bool reopening = !m_translationFolder.isEmpty();
@@ -223,8 +260,22 @@ bool frmMain::LoadTranslation(const QString &folder)
     return true;
 }
 
+bool frmMain::switchTranslationFor(const QString &folder)
+{
+    if (folder.compare(m_translationFolder, Qt::CaseInsensitive) == 0)
+        return true;
+    // The reader is going to a verse, not opening a translation to read: the verse of the day
+    // would stand in the way.
+    m_switchingForPlace = true;
+    emit translationChosen(folder);
+    m_switchingForPlace = false;
+    return folder.compare(m_translationFolder, Qt::CaseInsensitive) == 0;
+}
+
 void frmMain::ShowVerseOfDayAfterLoad()
 {
+    if (m_switchingForPlace)
+        return;
     const int show = WindowSettings::Get(WindowSettings::VerseOfDay);
     if (show != 0)
         m_tools->verseOfDay(show);
@@ -242,6 +293,7 @@ void frmMain::InitiateSession()
     m_bible.setSeparator(settings.general.lineBreaks ? QStringLiteral("\r\n")
                                                      : QStringLiteral(" "));
     settings.searchLimit = settings.general.maxSearchResults;
+    ApplyLookScheme(WindowSettings::Get(WindowSettings::LookScheme));
     m_navigator->applyLook(settings.display);
     m_study->applyLook(settings.display);
     placeHeader();
@@ -254,11 +306,41 @@ void frmMain::lstChapters_Click(const QString &book, int chapter)
     if (!m_study->askToKeepNotes())
         return;
     const Passage fetched = m_bible.MoveToPassage(book, chapter);
-    m_study->showChapter(fetched, fetched.Standard());
+    showChapter(fetched, fetched.Standard());
+}
+
+void frmMain::showChapter(const Passage &fetched, const QString &title)
+{
+    m_history->leaving();
+    m_study->showChapter(fetched, title);
+    m_history->arrived(m_translationFolder, fetched);
+}
+
+bool frmMain::goToPlace(const Place &place)
+{
+    if (!m_study->askToKeepNotes())
+        return false;
+    if (place.translation.compare(m_translationFolder, Qt::CaseInsensitive) != 0) {
+        if (!TranslationList::IsTranslation(
+                basStrings::JoinPath(programFolder(), place.translation))) {
+            platform::MsgBox(tr("The translation \"%1\" of %2 is not installed any more.")
+                                 .arg(place.translation, place.reference),
+                             vb::vbExclamation);
+            return false;
+        }
+        if (!switchTranslationFor(place.translation))
+            return false;
+    }
+    const Passage fetched = m_bible.MoveTo(place.reference);
+    showChapter(fetched, fetched.Standard());
+    if (m_navigator->updatesLists() && fetched.found())
+        m_navigator->markPassage(fetched);
+    return true;
 }
 
 void frmMain::ShowPassage(const QString &rtf, const QString &title)
 {
+    m_history->wentAway();
     m_study->showOther(rtf, title);
 }
 
@@ -273,7 +355,7 @@ void frmMain::cmdGet_Click()
     if (!m_study->askToKeepNotes())
         return;
     const Passage fetched = m_bible.MoveTo(m_navigator->reference());
-    m_study->showChapter(fetched, fetched.Standard());
+    showChapter(fetched, fetched.Standard());
     // An unknown book leaves an empty view, and the lists stay where they were; so does a view
     // of three characters or fewer, which holds no verse.
     if (m_navigator->updatesLists() && fetched.found() && m_study->passageView()->Text().size() > 3)
@@ -339,6 +421,7 @@ void frmMain::runSearch(const clsBible &store,
     if (m_searching)
         return;
     m_searching = true;
+    m_history->wentAway();
     m_study->showPassageTab();
     std::optional<platform::BusyCursor> busy(std::in_place);
     QLabel *title = m_navigator->title();
@@ -385,9 +468,8 @@ void frmMain::showBookmark(int index)
         return;
     // The reference list may have lost items since the menu was built (Remove, then Cancel).
     const Passage fetched = m_bible.MoveTo(m_bookmarks.Reference(index));
-    m_study->showChapter(fetched, QStringLiteral("Bookmark: ") + fetched.Standard() +
-                                      QStringLiteral(" -- ") +
-                                      m_bookmarks.Names().value(index - 1));
+    showChapter(fetched, QStringLiteral("Bookmark: ") + fetched.Standard() +
+                             QStringLiteral(" -- ") + m_bookmarks.Names().value(index - 1));
 }
 
 void frmMain::addBookmark()
@@ -419,6 +501,7 @@ void frmMain::showUnitsTable()
         DataFiles::ReportMissing(m_unitsPath);
         return;
     }
+    m_history->wentAway();
     m_study->showPassageTab();
     m_study->passageView()->LoadFile(m_unitsPath);
     m_study->passageView()->setSelStart(0);
@@ -428,11 +511,13 @@ void frmMain::LoadSession()
 {
     m_placement->restore();
     placeHeader();
+    m_history->restore();
 }
 
 void frmMain::SaveSession()
 {
     m_placement->save();
+    m_history->save();
 }
 
 void frmMain::placeHeader()
@@ -469,4 +554,38 @@ bool frmMain::eventFilter(QObject *watched, QEvent *event)
         }
     }
     return QMainWindow::eventFilter(watched, event);
+}
+
+void frmMain::MarkInPassage(const PassageMarks &find)
+{
+    // The document's own plain text has one character for each position of the document, so the
+    // spans found in it are document positions as they are.
+    platform::RichTextBox *view = m_study->passageView();
+    QTextDocument *document = view->document();
+    // Finding and marking cost time for every verse, and each mark costs the view work at every
+    // repaint: a list of thousands of verses has its first ones marked, as far as a reader scrolls
+    // at first.
+    constexpr qsizetype mostMarked = 200000;
+    constexpr qsizetype mostMarks = 2000;
+    QList<std::pair<int, int>> spans = find(document->toPlainText().left(mostMarked));
+    if (spans.size() > mostMarks)
+        spans.resize(mostMarks);
+    QTextCharFormat look;
+    look.setBackground(FoundVerseDelegate::MarkColor());
+    look.setForeground(QColor(Qt::black));
+    QList<QTextEdit::ExtraSelection> marks;
+    marks.reserve(spans.size());
+    for (const auto &[start, length] : std::as_const(spans)) {
+        QTextEdit::ExtraSelection mark{QTextCursor(document), look};
+        mark.cursor.setPosition(start);
+        mark.cursor.setPosition(start + length, QTextCursor::KeepAnchor);
+        marks.append(mark);
+    }
+    // The marks lie over the text, not in it: saving, copying and printing never see them, and
+    // they go as soon as the view is given other text.
+    view->setExtraSelections(marks);
+    if (!marks.isEmpty())
+        connect(
+            view, &QTextEdit::textChanged, view, [view] { view->setExtraSelections({}); },
+            Qt::SingleShotConnection);
 }

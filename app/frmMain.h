@@ -2,6 +2,7 @@
 
 #include "bookmarks/Bookmarks.h"
 #include "library/MainWindowLink.h"
+#include "scripture/PlaceHistory.h"
 #include "scripture/QuickSearch.h"
 #include "scripture/clsBible.h"
 
@@ -10,6 +11,7 @@
 #include <functional>
 #include <memory>
 
+class HistoryNavigator;
 class MainMenus;
 class NavigatorPane;
 class QSplitter;
@@ -36,11 +38,13 @@ public:
     void GoToReference(const QString &reference) override;
     void ShowPassage(const QString &rtf, const QString &title) override;
     void ShowConcordance(const QString &number) override;
+    void MarkInPassage(const PassageMarks &find) override;
 
     // Points the window at a translation folder of the program folder (its name, e.g. "KJV") and
     // fills everything from it. False when the user kept the window on the chapter shown
     // (unsaved notes that could not be saved).
     bool LoadTranslation(const QString &folder);
+    HistoryNavigator &History() const { return *m_history; }
     // After a translation has been loaded: the verse of the day, when the user wants it then.
     void ShowVerseOfDayAfterLoad();
     // Puts text into the keyword box and searches for it, as the keyword search does.
@@ -77,7 +81,15 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    // Opens another translation on the way to a place in it (a parallel reference, Back); true
+    // when it is open.
+    bool switchTranslationFor(const QString &folder);
     void connectCommands();
+    bool openTranslation(const QString &folder);
+    // Every passage the window fetched itself is shown here, and so becomes a step of the history.
+    void showChapter(const Passage &fetched, const QString &title);
+    // Back or forward to a place of the history: its translation, then its passage.
+    bool goToPlace(const Place &place);
     void checkDataFiles();
     void placeHeader();
     // Runs a search of the quick search's kind and shows its results as the quick search does.
@@ -94,10 +106,12 @@ private:
     QString m_unitsPath;
     bool m_hasCommentary = false;
     bool m_searching = false;
+    bool m_switchingForPlace = false;
     NavigatorPane *m_navigator = nullptr;
     StudyTabs *m_study = nullptr;
     MainMenus *m_menus = nullptr;
     std::unique_ptr<ToolWindows> m_tools;
     QSplitter *splitter = nullptr;
     WindowPlacement *m_placement = nullptr;
+    HistoryNavigator *m_history = nullptr;
 };

@@ -1,8 +1,8 @@
 // quillstone [--dir PROGRAM_FOLDER] [TRANSLATION_FOLDER]
+#include "app/frmAbout.h"
 #include "app/frmLoadVersion.h"
 #include "platform/FileSystem.h"
 #include "platform/QtMsgBox.h"
-#include "platform/frmAbout.h"
 #include "settings/ProgramSettings.h"
 
 #include <QApplication>

@@ -51,12 +51,12 @@ QString Bookmarks::UnreadableMessage(const QList<int> &lineNumbers)
 
 void Bookmarks::Load()
 {
-    // 1. Both lists start again.
+    // Both lists start again.
     m_names.clear();
     m_references.clear();
     m_unreadable.clear();
 
-    // 2. to 4. The file, repaired when it is missing, read bookmark by bookmark.
+    // The file, repaired when it is missing, read bookmark by bookmark.
     const std::optional<BookmarkFile::Content> content = BookmarkFile(ProgramFolder()).Load();
     if (!content)
         return;

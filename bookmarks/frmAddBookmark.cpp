@@ -49,7 +49,7 @@ frmAddBookmark::frmAddBookmark(const QString &reference, std::function<void()> r
 
 void frmAddBookmark::Command1_Click()
 {
-    // 1. and 2. An empty name or reference (or text the file could not give back) keeps the
+    // An empty name or reference (or text the file could not give back) keeps the
     // dialog open with the user told why; 3. else the line is appended.
     if (!BookmarkFile(ProgramSettings::instance().programFolder())
              .Add(txtName->text(), txtReference->text()))

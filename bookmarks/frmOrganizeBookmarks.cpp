@@ -93,10 +93,10 @@ frmOrganizeBookmarks::frmOrganizeBookmarks(const QStringList &captions, QStringL
     txtName->setEnabled(false);
     txtReference->setEnabled(false);
 
-    // 1. Opening: the menu's captions, in order.
+    // Opening: the menu's captions, in order.
     lstBookmarks->addItems(captions);
 
-    // 7. Closing writes the placement back (the helper does it as the dialog hides).
+    // Closing writes the placement back (the helper does it as the dialog hides).
     m_placement = new WindowPlacement(this, QStringLiteral("organizebookmarks"));
     m_placement->restore();
 }
@@ -116,7 +116,7 @@ void frmOrganizeBookmarks::lstBookmarks_Click()
     const int row = selectedRow();
     if (row < 0)
         return;
-    // 2. The chosen bookmark's name, reference and passage.
+    // The chosen bookmark's name, reference and passage.
     txtName->setEnabled(true);
     txtReference->setEnabled(true);
     txtName->setText(lstBookmarks->item(row)->text());
@@ -128,7 +128,7 @@ void frmOrganizeBookmarks::lstBookmarks_Click()
 
 void frmOrganizeBookmarks::cmdUpdate_Click()
 {
-    // 3. Without a chosen entry that has a name there is nothing to update.
+    // Without a chosen entry that has a name there is nothing to update.
     const int row = selectedRow();
     if (row < 0 || lstBookmarks->item(row)->text().trimmed().isEmpty())
         return;
@@ -177,7 +177,7 @@ void frmOrganizeBookmarks::cmdRemove_Click()
 
 void frmOrganizeBookmarks::cmdSave_Click()
 {
-    // 5. Entry i with reference item i + 1, for every entry in order; then the menu is rebuilt.
+    // Entry i with reference item i + 1, for every entry in order; then the menu is rebuilt.
     QList<Bookmark> bookmarks;
     for (int i = 0; i < lstBookmarks->count(); ++i)
         bookmarks.append({lstBookmarks->item(i)->text(), referenceItem(i + 1)});
@@ -190,6 +190,6 @@ void frmOrganizeBookmarks::cmdSave_Click()
 
 void frmOrganizeBookmarks::cmdCancel_Click()
 {
-    // 6. What Update and Remove did to the shared reference list stays.
+    // What Update and Remove did to the shared reference list stays.
     reject();
 }

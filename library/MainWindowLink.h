@@ -1,6 +1,10 @@
 #pragma once
 
+#include <QList>
 #include <QString>
+
+#include <functional>
+#include <utility>
 
 class clsBible;
 
@@ -22,4 +26,9 @@ public:
     // Lists every verse that carries a Strong's number ("H430", "G26"), as the Strong's
     // concordance of the main window does.
     virtual void ShowConcordance(const QString &number) = 0;
+    // Marks in the passage on show what a search found: the function gets the passage's text and
+    // gives the start and length of each piece to mark. The marks go when the passage changes.
+    // A window without a passage view marks nothing.
+    using PassageMarks = std::function<QList<std::pair<int, int>>(const QString &text)>;
+    virtual void MarkInPassage(const PassageMarks &find) { (void)find; }
 };

@@ -16,11 +16,8 @@
 
 ReferenceListWindow::ReferenceListWindow(const ReferenceListWindowTexts &texts,
                                          MainWindowLink &main, QWidget *parent)
-    : QWidget(parent, Qt::Window), m_texts(texts), m_main(main)
+    : ToolWindow(texts.objectName, texts.caption, parent), m_texts(texts), m_main(main)
 {
-    setObjectName(m_texts.objectName);
-    setWindowTitle(m_texts.caption);
-    setAttribute(Qt::WA_DeleteOnClose);
 
     m_names = new QListWidget;
     m_names->setObjectName(m_texts.listName);
@@ -71,20 +68,14 @@ ReferenceListWindow::ReferenceListWindow(const ReferenceListWindowTexts &texts,
 
 void ReferenceListWindow::Form_Load()
 {
-    DisplaySettings &display = ProgramSettings::instance().display;
-    ApplyStyle(m_names, display.navigation);
-    ApplyStyle(lstResults, display.navigation);
+    ApplyStyle(m_names, look().navigation);
+    ApplyStyle(lstResults, look().navigation);
     if (m_entries.Load(DataFiles::Path(m_texts.file)))
         m_names->addItems(m_entries.Names());
     else
-        DataFiles::ReportMissing(QLatin1Char('\'') + DataFiles::Name(m_texts.file) +
-                                 QLatin1Char('\''));
-    m_placement = new WindowPlacement(this, m_texts.section, m_texts.placementParts);
+        reportMissing(m_texts.file);
+    m_placement = keepPlace(m_texts.section, m_texts.placementParts);
     m_placement->addTab(SSTab1);
-    // A window that keeps no place opens over the main window rather than where the window
-    // manager may let it run off the screen.
-    if (!(m_texts.placementParts & WindowPlacement::Position))
-        WindowPlacement::CentreOver(this, parentWidget());
     m_placement->restore();
     // Typing goes to the list of names, which jumps to the name typed.
     m_names->setFocus();
@@ -92,7 +83,7 @@ void ReferenceListWindow::Form_Load()
 
 void ReferenceListWindow::addBesideTabs(QWidget *pane)
 {
-    ApplyStyle(pane, ProgramSettings::instance().display.navigation);
+    ApplyStyle(pane, look().navigation);
     m_layout->addWidget(pane, 1);
 }
 

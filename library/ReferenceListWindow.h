@@ -2,9 +2,9 @@
 
 #include "library/DataFiles.h"
 #include "library/ReferenceLists.h"
+#include "library/ToolWindow.h"
 
 #include <QString>
-#include <QWidget>
 
 class MainWindowLink;
 class QHBoxLayout;
@@ -32,7 +32,7 @@ struct ReferenceListWindowTexts
 // its first tab and a search of the names on its second (query box, Search, results). A result
 // selects its entry in the list, which runs the list's own click; what that click does is the
 // window's own. Closing it deletes it, so the next opening reads the file afresh.
-class ReferenceListWindow : public QWidget
+class ReferenceListWindow : public ToolWindow
 {
     Q_OBJECT
 

@@ -47,7 +47,7 @@ const QStringList &StrongsLexicon::Index(Language language)
 StrongsLexicon::Entry StrongsLexicon::Show(Language language, int number) const
 {
     Entry entry;
-    // 1. Open the data file.
+    // Open the data file.
     DataFileReader file;
     if (!file.Open(DataPath(language))) {
         entry.outcome = Outcome::Unreadable;
@@ -55,7 +55,7 @@ StrongsLexicon::Entry StrongsLexicon::Show(Language language, int number) const
     }
     if (number < 1)
         return entry;
-    // 2. Read `number` lines; the last one read is the record. A file that ends first has no
+    // Read `number` lines; the last one read is the record. A file that ends first has no
     // such entry.
     for (int k = 1; k < number; ++k) {
         if (file.AtEnd())
@@ -64,7 +64,7 @@ StrongsLexicon::Entry StrongsLexicon::Show(Language language, int number) const
     }
     if (file.AtEnd())
         return entry;
-    // 3. Only that record is decoded and split.
+    // Only that record is decoded and split.
     entry.outcome = Outcome::Found;
     entry.definition = DefinitionLine(number, file.ReadLine());
     return entry;
@@ -74,17 +74,17 @@ StrongsLexicon::Choice StrongsLexicon::Choose(Language language, const QString &
 {
     const QStringList &entries = Index(language);
     Choice choice;
-    // 2. The numeric value of the text's leading number; text without one is 0.
+    // The numeric value of the text's leading number; text without one is 0.
     const int v = basStrings::LeadingNumber(typed);
     if (v > 0) {
-        // 3. A Strong's number, held to the entries there are.
+        // A Strong's number, held to the entries there are.
         choice.typedNumber = true;
         choice.number = std::clamp(v, 1, std::max(1, int(entries.size())));
         if (entries.isEmpty())
             choice.number = 0;
         return choice;
     }
-    // 4. The beginning of a word: the first entry that starts with it.
+    // The beginning of a word: the first entry that starts with it.
     choice.number = ListSearch::FirstPrefixMatch(entries, typed) + 1;
     return choice;
 }

@@ -15,12 +15,12 @@ WordList::WordList(const QString &programFolder, Kind kind)
 
 std::optional<QStringList> WordList::Headwords() const
 {
-    // 1. Open the file; the header line is read and thrown away.
+    // Open the file; the header line is read and thrown away.
     DataFileReader file;
     if (!file.Open(m_path))
         return std::nullopt;
     file.SkipLine();
-    // 2. Field 1 of every later line, unchanged and in file order.
+    // Field 1 of every later line, unchanged and in file order.
     QStringList headwords;
     while (!file.AtEnd())
         headwords.append(file.Decode(DataFileReader::FirstField(file.ReadRawLine())));
@@ -35,26 +35,26 @@ QString WordList::SearchKey(const QString &typed)
 WordList::LookUp WordList::Find(const QString &typed) const
 {
     LookUp result;
-    // 2. The search key.
+    // The search key.
     const QString key = SearchKey(typed);
-    // 3. and 4. Open the file and throw the header line away.
+    // Open the file and throw the header line away.
     DataFileReader file;
     if (!file.Open(m_path)) {
         result.outcome = Outcome::Unreadable;
         return result;
     }
     file.SkipLine();
-    // 5. The first line whose field 1, in upper case, is the key; the scan stops there.
+    // The first line whose field 1, in upper case, is the key; the scan stops there.
     while (!file.AtEnd()) {
         const QByteArrayView line = file.ReadRawLine();
         if (basStrings::UpperCase(file.Decode(DataFileReader::FirstField(line))) != key)
             continue;
         const QStringList fields = DataFileReader::Fields(file.Decode(line));
-        // 6. The headword in capitals, whatever its case in the file, and its definition.
+        // The headword in capitals, whatever its case in the file, and its definition.
         result.outcome = Outcome::Found;
         result.definition = basStrings::UpperCase(DataFileReader::Field(fields, 1)) +
                             QStringLiteral(": ") + DataFileReader::Field(fields, 2);
-        // 7. The dictionary's references; a third field of the names file is never read.
+        // The dictionary's references; a third field of the names file is never read.
         if (m_kind == Kind::Dictionary)
             result.references = DataFileReader::References(DataFileReader::Field(fields, 3));
         break;

@@ -28,12 +28,9 @@ const QString kFound = QStringLiteral("Found!!!");
 } // namespace
 
 WordListWindow::WordListWindow(const WordListWindowTexts &texts, QWidget *parent)
-    : QWidget(parent, Qt::Window), m_texts(texts),
+    : ToolWindow(texts.objectName, texts.caption, parent), m_texts(texts),
       m_words(ProgramSettings::instance().programFolder(), texts.kind)
 {
-    setObjectName(m_texts.objectName);
-    setWindowTitle(m_texts.caption);
-    setAttribute(Qt::WA_DeleteOnClose);
 
     txtWord = new QLineEdit(this);
     txtWord->setObjectName(QStringLiteral("txtWord"));
@@ -81,16 +78,15 @@ void WordListWindow::Form_Load()
     // The user's look, the list and the saved place. A missing file is said once and the window
     // opens empty; the main window offers a list only when its file is there, so this is a file
     // that went missing since.
-    DisplaySettings &display = ProgramSettings::instance().display;
-    ApplyStyle(m_list, display.navigation);
-    ApplyStyle(txtDefinition, display.passage);
-    m_placement = new WindowPlacement(this, m_texts.section);
+    ApplyStyle(m_list, look().navigation);
+    ApplyStyle(txtDefinition, look().passage);
+    m_placement = keepPlace(m_texts.section, WindowPlacement::Position);
     const std::optional<QStringList> headwords = m_words.Headwords();
     if (headwords) {
         m_headwords = *headwords;
         m_list->addItems(m_headwords);
     } else {
-        DataFiles::ReportMissing(m_words.Path());
+        reportMissing(m_words.Path());
         if (!m_texts.placedWithoutFile)
             return;
     }

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "library/ToolWindow.h"
 #include "library/WordList.h"
 
 #include <QSize>
 #include <QString>
 #include <QStringList>
-#include <QWidget>
 
 class QGridLayout;
 class QLabel;
@@ -37,7 +37,7 @@ struct WordListWindowTexts
 // what is typed, the definition of the word looked up and a status line. Enter or a double-clicked
 // headword looks the word up; a click on the bare background counts the headwords. Closing it
 // deletes it, so the next opening reads the list afresh.
-class WordListWindow : public QWidget
+class WordListWindow : public ToolWindow
 {
     Q_OBJECT
 

@@ -17,10 +17,9 @@
 #include <QVBoxLayout>
 
 frmParables::frmParables(MainWindowLink &main, QWidget *parent)
-    : QWidget(parent, Qt::Window), m_main(main)
+    // Its caption comes with its tag: parables or miracles.
+    : ToolWindow(QStringLiteral("frmParables"), QString(), parent), m_main(main)
 {
-    setObjectName(QStringLiteral("frmParables"));
-    setAttribute(Qt::WA_DeleteOnClose);
 
     Label1 = new QLabel;
     Label1->setObjectName(QStringLiteral("Label1"));
@@ -61,23 +60,22 @@ frmParables::frmParables(MainWindowLink &main, QWidget *parent)
 
 void frmParables::Form_Load()
 {
-    DisplaySettings &display = ProgramSettings::instance().display;
     for (platform::RichTextBox *view : rtfGospel)
-        ApplyRichTextStyle(view, display.passage);
-    ApplyStyle(lstParables, display.navigation);
-    ApplyStyle(txtTitle, display.title);
+        ApplyRichTextStyle(view, look().passage);
+    ApplyStyle(lstParables, look().navigation);
+    ApplyStyle(txtTitle, look().title);
 }
 
 void frmParables::SetDataFile(const QString &path)
 {
     lstParables->clear();
     if (!m_list.Load(path))
-        DataFiles::ReportMissing(path);
+        reportMissing(path);
     Label1->setText(m_list.Heading());
     lstParables->addItems(m_list.Names());
     FitListToNames(lstParables);
     if (!m_placement) {
-        m_placement = new WindowPlacement(this, QStringLiteral("parables"));
+        m_placement = keepPlace(QStringLiteral("parables"), WindowPlacement::Position);
         m_placement->restore();
     }
 }

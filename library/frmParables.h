@@ -1,9 +1,9 @@
 #pragma once
 
 #include "library/ReferenceLists.h"
+#include "library/ToolWindow.h"
 
 #include <QString>
-#include <QWidget>
 
 #include <array>
 
@@ -22,7 +22,7 @@ class RichTextBox;
 // "Luke", "John", only those of the gospels that tell it enabled. One class serves both lists; the
 // main window tells an open one by its tag ("PARABLES", "MIRACLES"). Both lists keep their place
 // in the one section "parables" of "window.ini". Closing the window deletes it.
-class frmParables : public QWidget
+class frmParables : public ToolWindow
 {
     Q_OBJECT
 

@@ -13,11 +13,9 @@
 #include <QListWidget>
 
 frmProphecies::frmProphecies(MainWindowLink &main, QWidget *parent)
-    : QWidget(parent, Qt::Window), m_main(main)
+    : ToolWindow(QStringLiteral("frmProphecies"), tr("Prophecies and their Fulfilment"), parent),
+      m_main(main)
 {
-    setObjectName(QStringLiteral("frmProphecies"));
-    setWindowTitle(tr("Prophecies and their Fulfilment"));
-    setAttribute(Qt::WA_DeleteOnClose);
 
     lstProphecies = new QListWidget;
     lstProphecies->setObjectName(QStringLiteral("lstProphecies"));
@@ -53,18 +51,16 @@ frmProphecies::frmProphecies(MainWindowLink &main, QWidget *parent)
 
 void frmProphecies::Form_Load()
 {
-    DisplaySettings &display = ProgramSettings::instance().display;
-    ApplyRichTextStyle(rtfOld, display.passage);
-    ApplyRichTextStyle(rtfNew, display.passage);
-    ApplyStyle(lstProphecies, display.navigation);
+    ApplyRichTextStyle(rtfOld, look().passage);
+    ApplyRichTextStyle(rtfNew, look().passage);
+    ApplyStyle(lstProphecies, look().navigation);
     if (m_list.Load(DataFiles::Path(DataFiles::File::Prophecy))) {
         lstProphecies->addItems(m_list.Names());
         FitListToNames(lstProphecies);
     } else {
-        DataFiles::ReportMissing(QLatin1Char('\'') + DataFiles::Name(DataFiles::File::Prophecy) +
-                                 QLatin1Char('\''));
+        reportMissing(DataFiles::File::Prophecy);
     }
-    (new WindowPlacement(this, QStringLiteral("prophecy")))->restore();
+    keepPlace(QStringLiteral("prophecy"), WindowPlacement::Position)->restore();
 }
 
 void frmProphecies::lstProphecies_Click()

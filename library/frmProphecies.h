@@ -1,8 +1,7 @@
 #pragma once
 
 #include "library/ReferenceLists.h"
-
-#include <QWidget>
+#include "library/ToolWindow.h"
 
 class MainWindowLink;
 class QListWidget;
@@ -13,7 +12,7 @@ class RichTextBox;
 
 // The prophecies of the Old Testament, each shown beside its fulfilment in the New. The window
 // keeps its place in the section "prophecy" of "window.ini". Closing it deletes it.
-class frmProphecies : public QWidget
+class frmProphecies : public ToolWindow
 {
     Q_OBJECT
 

@@ -51,12 +51,9 @@ protected:
 } // namespace
 
 frmStrongLexicon::frmStrongLexicon(MainWindowLink &main, QWidget *parent)
-    : QWidget(parent, Qt::Window), m_main(main),
+    : ToolWindow(QStringLiteral("frmStrongLexicon"), tr("Strong's Lexicon"), parent), m_main(main),
       m_lexicon(ProgramSettings::instance().programFolder())
 {
-    setObjectName(QStringLiteral("frmStrongLexicon"));
-    setWindowTitle(tr("Strong's Lexicon"));
-    setAttribute(Qt::WA_DeleteOnClose);
 
     SSTab1 = new QTabWidget(this);
     SSTab1->setObjectName(QStringLiteral("SSTab1"));
@@ -96,12 +93,11 @@ frmStrongLexicon::frmStrongLexicon(MainWindowLink &main, QWidget *parent)
 
     // Form_Load: the user's look; the saved tab (always), place and check box; then the current
     // tab's list, so a window that opens on Greek never reads the Hebrew list.
-    DisplaySettings &display = ProgramSettings::instance().display;
     for (Tab *each : {&m_hebrew, &m_greek}) {
-        ApplyStyle(each->list, display.navigation);
-        ApplyStyle(each->definition, display.passage);
+        ApplyStyle(each->list, look().navigation);
+        ApplyStyle(each->definition, look().passage);
     }
-    m_placement = new WindowPlacement(this, kSection);
+    m_placement = keepPlace(kSection, WindowPlacement::Position);
     m_placement->addTab(SSTab1);
     m_placement->restore();
     chkHighlightWord->setChecked(WindowSettings::Get(WindowSettings::LexiconHighlight));
@@ -175,7 +171,7 @@ void frmStrongLexicon::fillList(Language language)
     const bool firstRead = !m_lexicon.IndexRead(language);
     const QStringList &entries = m_lexicon.Index(language);
     if (firstRead && !m_lexicon.IndexReadable(language))
-        DataFiles::ReportMissing(m_lexicon.IndexPath(language));
+        reportMissing(m_lexicon.IndexPath(language));
     tab(language).list->addItems(entries);
 }
 

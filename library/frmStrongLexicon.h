@@ -1,8 +1,7 @@
 #pragma once
 
 #include "library/StrongsLexicon.h"
-
-#include <QWidget>
+#include "library/ToolWindow.h"
 
 class MainWindowLink;
 class QCheckBox;
@@ -18,7 +17,7 @@ class WindowPlacement;
 // file when it is shown. "Find All Occurrences" asks the main window for every verse that carries
 // the selected entry's number. The window keeps its tab, place and "highlightword" in the section
 // "strong" of "window.ini". Closing it deletes it.
-class frmStrongLexicon : public QWidget
+class frmStrongLexicon : public ToolWindow
 {
     Q_OBJECT
 

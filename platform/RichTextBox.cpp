@@ -185,7 +185,9 @@ void RichTextBox::setText(const QString &text)
 {
     // The view's own replacement of its text leaves the caret at the top without laying out the
     // whole text first, so tens of thousands of lines appear at once; the text takes the view's
-    // plain look, not the formatting the caret had.
+    // plain look, not the formatting the caret had. Marks laid over the old text mean nothing in
+    // the new one, and each of their cursors would be moved at every line put in: they go first.
+    setExtraSelections({});
     setCurrentCharFormat(QTextCharFormat());
     setPlainText(ToParagraphs(text));
 }

@@ -26,13 +26,13 @@ AdvancedSearch::Mode AdvancedSearch::ModeToRun(const QStringList &words, Mode ch
 AdvancedSearch::Result AdvancedSearch::run(const clsBible &store, const Options &options)
 {
     Result result;
-    // 2. A blank query does nothing.
+    // A blank query does nothing.
     const QString trimmed = basStrings::TrimBlanks(options.query).toString();
     if (trimmed.isEmpty())
         return result;
     result.ran = true;
 
-    // 4. The word list, then 5. the mode.
+    // The word list, then 5. the mode.
     const QStringList wordList = Words(trimmed);
     result.mode = ModeToRun(wordList, options.mode);
     const SearchTerm phrase(basStrings::UpperCase(trimmed));
@@ -73,8 +73,15 @@ AdvancedSearch::Result AdvancedSearch::run(const clsBible &store, const Options 
     try {
         BookScan scan;
         scan.beforeBook = [&](int b) {
+            // Once stopped, the books left are passed over unopened.
+            if (result.stopped)
+                return false;
             if (onProgress)
                 onProgress(b, books);
+            if (stopRequested && stopRequested()) {
+                result.stopped = true;
+                return false;
+            }
             const bool chosen = options.books.value(b - 1, false);
             if (chosen)
                 bookName = store.BookName(b);

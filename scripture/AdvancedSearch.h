@@ -41,6 +41,7 @@ public:
         QString title;                 // the title label's text at the end
         // What to tell the user when a book could not be read; the list is then empty.
         QString failureMessage;
+        bool stopped = false; // the reader stopped the search: the list holds what was found before
     };
 
     // Called for every book in order, chosen or not, before it is searched: a chance to move the
@@ -48,6 +49,8 @@ public:
     std::function<void(int book, int books)> onProgress;
     // Called when more results than the limit were found, with the message to show the user.
     std::function<void(const QString &message)> onOverLimit;
+    // Asked after each progress call: true ends the search there, before the next book is read.
+    std::function<bool()> stopRequested;
 
     Result run(const clsBible &store, const Options &options);
 

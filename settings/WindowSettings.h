@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 class clsIni;
 
@@ -31,6 +32,21 @@ struct Text
     const char16_t *key;
 };
 
+// Texts kept in a section of their own under numbered keys: "place1", "place2", ...
+struct TextList
+{
+    const char16_t *section;
+    const char16_t *keyPrefix;
+};
+
+// Numbers kept in a section of their own under names the program gives at run time (a view's
+// name); a missing, empty or negative one means `missing`.
+struct NamedNumbers
+{
+    const char16_t *section;
+    int missing;
+};
+
 // Old settings files keep this under the section with no name.
 inline constexpr Flag RememberWindows{u"", u"rememberwindowsetting", true};
 inline constexpr Flag AutoLoad{u"load", u"autoload", true};
@@ -48,6 +64,15 @@ inline constexpr Number PrintBottom{u"print", u"bottom", 20};
 inline constexpr Number PrintLeft{u"print", u"left", 20};
 inline constexpr Number PrintRight{u"print", u"right", 20};
 inline constexpr Text PrintPdfFile{u"print", u"pdffile"};
+// The translations read side by side: two to four folder names, separated by commas.
+inline constexpr Text ParallelTranslations{u"parallel", u"translations"};
+// The places of the last session's Back and Forward, oldest first, and the one that was on show.
+inline constexpr TextList HistoryPlaces{u"historyplaces", u"place"};
+inline constexpr Number HistoryCurrent{u"history", u"current", -1};
+// Each text view's zoom in per cent of the options' font size, by the view's name.
+inline constexpr NamedNumbers ZoomPercent{u"zoom", 100};
+// The look: 0 follows the desktop's light or dark palette, 1 light, 2 dark.
+inline constexpr Number LookScheme{u"look", u"scheme", 0};
 
 // Through the program's own store.
 bool Get(const Flag &flag);
@@ -56,6 +81,11 @@ QString Get(const Text &text);
 void Set(const Flag &flag, bool on);
 void Set(const Number &number, int value);
 void Set(const Text &text, const QString &value);
+QStringList Get(const TextList &list);
+// Replaces the whole list in one write.
+void Set(const TextList &list, const QStringList &values);
+int Get(const NamedNumbers &numbers, const QString &name);
+void Set(const NamedNumbers &numbers, const QString &name, int value);
 
 // Through another store (the command line's).
 bool Get(const clsIni &ini, const Flag &flag);

@@ -15,3 +15,8 @@ void ApplyStyle(QWidget *control, TextStyle &style);
 // control: all text present takes the colour, and an empty view is left empty but with the colour
 // set for whatever is typed next.
 void ApplyRichTextStyle(QTextEdit *view, TextStyle &style);
+
+// Puts the light or dark look (a "look/scheme" value of "window.ini") on the whole program: the
+// palette of every window, and whether views show the dark counterparts of the default colours.
+// Following the system, the desktop's palette as the program found it decides. True when dark.
+bool ApplyLookScheme(int setting);

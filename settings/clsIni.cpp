@@ -223,6 +223,26 @@ QString clsIni::Text(const QString &sSection_, const QString &sKey_) const
     return at.key < 0 ? QString() : profileString(at.value);
 }
 
+QList<std::pair<QString, QString>> clsIni::Section(const QString &sSection_) const
+{
+    QList<std::pair<QString, QString>> keys;
+    const std::optional<IniFile> file = readIni(sFile);
+    if (!file)
+        return keys;
+    bool inside = false;
+    for (const IniLine &line : file->lines) {
+        const ParsedLine parsed = parseLine(line.text);
+        if (parsed.kind == LineKind::Section) {
+            if (inside)
+                break;
+            inside = sameName(parsed.name, sSection_);
+        } else if (parsed.kind == LineKind::Key && inside) {
+            keys.append({parsed.name, profileString(parsed.value)});
+        }
+    }
+    return keys;
+}
+
 void clsIni::setText(const QString &sSection_, const QString &sKey_, const QString &sText_)
 {
     writeValue(sSection_, sKey_, sText_);
@@ -269,6 +289,65 @@ bool clsIni::writeValue(const QString &sSection_, const QString &sKey_, const QS
             failure = platform::WriteFileAtomically(sFile, after);
     }
 
+    return reportFailure(failure);
+}
+
+void clsIni::setSection(const QString &sSection_, const QList<std::pair<QString, QString>> &values)
+{
+    QString failure;
+    std::optional<IniFile> file = readIni(sFile);
+    if (!file && platform::FileExists(sFile))
+        failure = QStringLiteral("The file could not be read.");
+    const bool existed = file.has_value();
+    if (!file)
+        file.emplace();
+    const QByteArray before = existed ? iniBytes(*file) : QByteArray();
+
+    if (failure.isEmpty()) {
+        QList<IniLine> &lines = file->lines;
+        QList<IniLine> keyLines;
+        for (const auto &[key, value] : values) {
+            QString oneLine = value;
+            oneLine.replace(u'\r', u' ').replace(u'\n', u' ');
+            keyLines.append({key + u'=' + oneLine, CrLf});
+        }
+        qsizetype header = -1;
+        for (qsizetype i = 0; i < lines.size(); ++i) {
+            const ParsedLine parsed = parseLine(lines.at(i).text);
+            if (parsed.kind == LineKind::Section && sameName(parsed.name, sSection_)) {
+                header = i;
+                break;
+            }
+        }
+        if (!lines.isEmpty() && lines.last().end.isEmpty())
+            lines.last().end = CrLf;
+        if (header < 0) {
+            lines.append({u'[' + sSection_ + u']', CrLf});
+            lines.append(keyLines);
+        } else {
+            // The section's old keys go; its comments and blank lines stay.
+            qsizetype i = header + 1;
+            while (i < lines.size()) {
+                const ParsedLine parsed = parseLine(lines.at(i).text);
+                if (parsed.kind == LineKind::Section)
+                    break;
+                if (parsed.kind == LineKind::Key)
+                    lines.removeAt(i);
+                else
+                    ++i;
+            }
+            for (qsizetype k = 0; k < keyLines.size(); ++k)
+                lines.insert(header + 1 + k, keyLines.at(k));
+        }
+        const QByteArray after = iniBytes(*file);
+        if (!existed || after != before)
+            failure = platform::WriteFileAtomically(sFile, after);
+    }
+    reportFailure(failure);
+}
+
+bool clsIni::reportFailure(const QString &failure)
+{
     if (failure.isEmpty()) {
         m_writeFailureShown = false;
         return true;

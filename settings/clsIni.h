@@ -1,6 +1,9 @@
 #pragma once
 
+#include <QList>
 #include <QString>
+
+#include <utility>
 
 // The settings store over "window.ini". It behaves as the Windows private-profile functions do,
 // because users carry their settings file over from Windows: section and key names match without
@@ -28,10 +31,19 @@ public:
     // write leaves the old file whole and tells the user once.
     void setText(const QString &sSection_, const QString &sKey_, const QString &sText_);
 
+    // Every key of the section with its value (as Text gives it), in the file's order, in one
+    // read; empty when the file or the section is missing.
+    QList<std::pair<QString, QString>> Section(const QString &sSection_) const;
+    // Puts these keys and values in place of all the keys of the section (adding the section at
+    // the end of the file when there is none), in one write; every other line stays as it was.
+    // For lists that would otherwise take one write a value.
+    void setSection(const QString &sSection_, const QList<std::pair<QString, QString>> &values);
+
     QString FileName() const { return sFile; }
 
 private:
     bool writeValue(const QString &sSection_, const QString &sKey_, const QString &value);
+    bool reportFailure(const QString &failure);
 
     QString sFile;
     bool m_writeFailureShown = false;

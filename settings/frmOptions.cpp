@@ -2,6 +2,7 @@
 
 #include "platform/MsgBox.h"
 #include "platform/WinQColor.h"
+#include "settings/Look.h"
 #include "settings/ProgramSettings.h"
 #include "settings/WindowSettings.h"
 #include "settings/basSettings.h"
@@ -17,6 +18,7 @@
 #include <QListWidget>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <cmath>
@@ -93,13 +95,13 @@ frmOptions::frmOptions(const QList<InstalledTranslation> &translations,
     connect(cmdDiscard, &QPushButton::clicked, this, &frmOptions::cmdDiscard_Click);
     connect(cmdSaveSettings, &QPushButton::clicked, this, &frmOptions::cmdSaveSettings_Click);
 
-    // 1. The general values.
+    // The general values.
     ProgramSettings &settings = ProgramSettings::instance();
     chkRememberWindowSetting->setChecked(settings.rememberWindows);
     txtSearchResults->setText(QString::number(settings.general.maxSearchResults));
     chkLineBreaks->setChecked(settings.general.lineBreaks != 0);
 
-    // 2. The colour dialog's custom colours; the font dialog offers what the areas can show.
+    // The colour dialog's custom colours; the font dialog offers what the areas can show.
     for (int i = 0; i < 16; ++i)
         m_colorDialog.setCustomColors(
             i, platform::QColorToWindowsColor(
@@ -109,7 +111,7 @@ frmOptions::frmOptions(const QList<InstalledTranslation> &translations,
     m_fontDialog.setShowScreenOnly(true);
     m_fontDialog.setForceFontExist(true);
 
-    // 3. The preview shows the looks in use, and the swatches their colours.
+    // The preview shows the looks in use, and the swatches their colours.
     m_navigation = settings.display.navigation;
     m_passage = settings.display.passage;
     m_title = settings.display.title;
@@ -122,13 +124,26 @@ frmOptions::frmOptions(const QList<InstalledTranslation> &translations,
     setSwatch(lblRightClickColor, settings.display.RightClickColor);
     refreshPreview();
 
-    // 4. The installed translations, the open one selected.
+    // The installed translations, the open one selected.
     for (const InstalledTranslation &t : std::as_const(m_translations)) {
         lstVersions->addItem(t.displayName);
         if (t.folder.compare(currentFolder, Qt::CaseInsensitive) == 0)
             lstVersions->setCurrentRow(lstVersions->count() - 1);
     }
     chkAutoLoad->setChecked(WindowSettings::Get(WindowSettings::AutoLoad));
+
+    // 5. The look.
+    switch (Look::SchemeFromSetting(WindowSettings::Get(WindowSettings::LookScheme))) {
+    case Look::Scheme::Light:
+        optLookLight->setChecked(true);
+        break;
+    case Look::Scheme::Dark:
+        optLookDark->setChecked(true);
+        break;
+    case Look::Scheme::FollowSystem:
+        optLookSystem->setChecked(true);
+        break;
+    }
 }
 
 QLabel *frmOptions::makeSwatch(const char *name, const QString &tip)
@@ -243,6 +258,22 @@ QWidget *frmOptions::buildGeneralTab()
         tr("The program remembers window positions and sizes upon closing"));
     layout->addWidget(chkLineBreaks);
     layout->addWidget(chkRememberWindowSetting);
+
+    // The program's light or dark look, kept apart from the colours above: under the dark look
+    // the default colours show dark, and colours chosen above stay as they are.
+    auto *look = new QGroupBox(tr("Look"), page);
+    look->setObjectName(QStringLiteral("fraLook"));
+    auto *lookLayout = new QVBoxLayout(look);
+    optLookSystem = new QRadioButton(tr("Follow the s&ystem"), look);
+    optLookSystem->setObjectName(QStringLiteral("optLookSystem"));
+    optLookSystem->setToolTip(tr("Light or dark as the desktop is"));
+    optLookLight = new QRadioButton(tr("&Light"), look);
+    optLookLight->setObjectName(QStringLiteral("optLookLight"));
+    optLookDark = new QRadioButton(tr("Dar&k"), look);
+    optLookDark->setObjectName(QStringLiteral("optLookDark"));
+    for (QRadioButton *option : {optLookSystem, optLookLight, optLookDark})
+        lookLayout->addWidget(option);
+    layout->addWidget(look);
     layout->addStretch(1);
     return page;
 }
@@ -376,7 +407,9 @@ void frmOptions::cmdHelp_Click()
            "Font\" "
            "to pick the font of the lists, the passage or the title.\r\n"
            "General: the highlight of a right click, the most results a search shows, line breaks "
-           "between verses, and whether windows open where they were left.\r\n"
+           "between verses, whether windows open where they were left, and the look: light, dark "
+           "or as the desktop is (under the dark look the default colours show dark; colours you "
+           "chose stay).\r\n"
            "Load: the translation to open at start, or to open now.\r\n"
            "Nothing changes until you click \"Save Settings\"; \"Discard\" leaves everything as it "
            "was."),
@@ -408,6 +441,13 @@ void frmOptions::cmdSaveSettings_Click()
     settings.display.title = m_title;
     settings.display.RightClickColor = m_swatchColors.value(lblRightClickColor);
     settings.writeDisplaySettings();
+    const Look::Scheme scheme = optLookDark->isChecked()    ? Look::Scheme::Dark
+                                : optLookLight->isChecked() ? Look::Scheme::Light
+                                                            : Look::Scheme::FollowSystem;
+    // Only a changed look is written: a settings file that never had one keeps following the
+    // system without a line for it.
+    if (int(scheme) != WindowSettings::Get(WindowSettings::LookScheme))
+        WindowSettings::Set(WindowSettings::LookScheme, int(scheme));
     emit settingsSaved();
     accept();
 }

@@ -14,6 +14,7 @@ class QLabel;
 class QLineEdit;
 class QListWidget;
 class QPushButton;
+class QRadioButton;
 class QTabWidget;
 
 // "Bible Options": the look of the main window (fonts and colours of the lists, the passage
@@ -92,4 +93,7 @@ private:
     QCheckBox *chkRememberWindowSetting = nullptr;
     QListWidget *lstVersions = nullptr;
     QCheckBox *chkAutoLoad = nullptr;
+    QRadioButton *optLookSystem = nullptr;
+    QRadioButton *optLookLight = nullptr;
+    QRadioButton *optLookDark = nullptr;
 };

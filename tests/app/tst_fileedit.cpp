@@ -3,6 +3,7 @@
 #include "../support/HookGuards.h"
 #include "../support/ProgramHarness.h"
 #include "../support/TranslationFixture.h"
+#include "app/frmAbout.h"
 #include "app/frmFind.h"
 #include "platform/FileSystem.h"
 #include "platform/MsgBoxAnswerer.h"
@@ -14,11 +15,13 @@
 #include <QClipboard>
 #include <QDir>
 #include <QFile>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTextEdit>
 
 using namespace fixture;
 using support::ProgramHarness;
@@ -29,11 +32,7 @@ class TestFileEdit : public QObject
 
     QTemporaryDir m_dir;
 
-    static QString read(const QString &path)
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-    }
+    static QString read(const QString &path) { return QString::fromUtf8(readFile(path)); }
 
     static frmFind *openFind(ProgramHarness &program, const QString &word, bool wholeWord = false)
     {
@@ -71,7 +70,6 @@ private slots:
         auto *view = program.control<platform::RichTextBox>("rtfPassage");
         const QString text = view->Text();
         frmFind *find = openFind(program, QStringLiteral("light"));
-        QCOMPARE(find->windowTitle(), QStringLiteral("Find within results"));
 
         // Every occurrence in order, whatever its case, then the message once and the top again.
         QList<int> found;
@@ -157,7 +155,7 @@ private slots:
         QCOMPARE(QApplication::clipboard()->text(), QString());
     }
 
-    void exportAndSave_data()
+    void save_data()
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<int>("filter");
@@ -170,7 +168,7 @@ private slots:
         QTest::newRow("all files save text") << "passage" << 3 << "passage.txt" << false;
     }
 
-    void exportAndSave()
+    void save()
     {
         QFETCH(QString, name);
         QFETCH(int, filter);
@@ -179,7 +177,7 @@ private slots:
         platform::MsgBoxAnswerer answers;
         ProgramHarness program(m_dir.path());
         QVERIFY(program.start(QStringLiteral("KJV")));
-        const QString shown = program.control<platform::RichTextBox>("rtfPassage")->Text();
+        const QString shown = program.passage();
 
         QTemporaryDir out;
         QString title;
@@ -199,8 +197,16 @@ private slots:
             QVERIFY2(content.startsWith(QStringLiteral("{\\rtf")), qPrintable(content.left(40)));
         else
             QCOMPARE(content, shown + QStringLiteral("\r\n"));
+        QCOMPARE(answers.count(), 0);
+    }
 
-        // Export writes "export.txt" beside the program and opens it.
+    // Export writes "export.txt" beside the program and opens it.
+    void exportOpensTheText()
+    {
+        platform::MsgBoxAnswerer answers;
+        ProgramHarness program(m_dir.path());
+        QVERIFY(program.start(QStringLiteral("KJV")));
+        const QString shown = program.passage();
         support::ShellRecorder shell;
         program.control<QAction>("mnuFileExportNotepad")->trigger();
         QCOMPARE(read(m_dir.filePath(QStringLiteral("export.txt"))),
@@ -281,7 +287,7 @@ private slots:
         QCOMPARE(shell.opened.size(), 2);
         program.control<QAction>("mnuHelpMailingList")->trigger();
         QCOMPARE(shell.opened.size(), 3);
-        QCOMPARE(shell.opened.last().toString(), frmMain::WebSite);
+        QCOMPARE(shell.opened.last().toString(), QStringLiteral("https://quillstone.example.org/"));
         QCOMPARE(answers.last().title, QStringLiteral("Mailing List"));
         QCOMPARE(answers.last().buttons,
                  int(vb::vbQuestion | vb::vbYesNo | vb::vbMsgBoxSetForeground));
@@ -297,8 +303,10 @@ private slots:
                                 << "/export.txt";
         QTest::newRow("help") << "mnuHelpContents"
                               << "help/index.html";
-        QTest::newRow("web site") << "mnuHelpWebSite" << frmMain::WebSite;
-        QTest::newRow("mailing list") << "mnuHelpMailingList" << frmMain::WebSite;
+        QTest::newRow("web site") << "mnuHelpWebSite"
+                                  << "https://quillstone.example.org/";
+        QTest::newRow("mailing list") << "mnuHelpMailingList"
+                                      << "https://quillstone.example.org/";
     }
 
     void desktopCannotOpen()
@@ -314,6 +322,36 @@ private slots:
         QCOMPARE(shell.opened.size(), 1);
         QVERIFY2(answers.last().prompt.contains(named), qPrintable(answers.last().prompt));
         QCOMPARE(answers.last().buttons, int(vb::vbExclamation));
+    }
+
+    void aboutBox()
+    {
+        QTemporaryDir dir;
+        QFile credits(dir.filePath(QStringLiteral("CREDITS.md")));
+        QVERIFY(credits.open(QIODevice::WriteOnly));
+        credits.write("# Credits\n\nThanks to *everyone* who helped.\n");
+        credits.close();
+
+        support::ShellRecorder shellOpens;
+        frmAbout about(dir.filePath(QStringLiteral("CREDITS.md")));
+        about.show();
+        QCOMPARE(about.findChild<QLabel *>(QStringLiteral("lblVersion"))->text(),
+                 QStringLiteral("1.0.0"));
+        QVERIFY(about.findChild<QTextEdit *>()->toPlainText().contains(
+            QStringLiteral("Thanks to everyone")));
+
+        QTest::mouseClick(about.findChild<QLabel *>(QStringLiteral("Label3")), Qt::LeftButton);
+        QTest::mouseClick(about.findChild<QLabel *>(QStringLiteral("Label4")), Qt::LeftButton);
+        QCOMPARE(shellOpens.opened,
+                 (QList<QUrl>{QUrl(QStringLiteral("mailto:support@quillstone.example.org")),
+                              QUrl(QStringLiteral("https://quillstone.example.org"))}));
+        QTest::mouseClick(about.findChild<QPushButton *>(QStringLiteral("cmdOK")), Qt::LeftButton);
+        QCOMPARE(about.result(), int(QDialog::Accepted));
+        QVERIFY(!about.isVisible());
+
+        frmAbout missing(dir.filePath(QStringLiteral("nothing.md")));
+        QVERIFY(missing.findChild<QTextEdit *>()->toPlainText().contains(
+            QStringLiteral("could not be found")));
     }
 };
 

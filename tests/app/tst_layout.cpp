@@ -59,7 +59,7 @@ private slots:
         platform::MsgBoxAnswerer answers;
         ProgramHarness program(m_dir.path());
         QVERIFY(program.start(QStringLiteral("NOMARK")));
-        QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("GENESIS 1"));
+        QCOMPARE(program.title(), QStringLiteral("GENESIS 1"));
     }
 
     void splittersAndSmallestWindow()

@@ -102,13 +102,12 @@ private slots:
         program.control<QTabWidget>("SSTab1")->setCurrentIndex(1);
         program.control<QAction>("mnuReferencesUnits")->trigger();
         QCOMPARE(program.control<QTabWidget>("SSTab1")->currentIndex(), 0);
-        QCOMPARE(program.control<platform::RichTextBox>("rtfPassage")->Text().trimmed(),
-                 QStringLiteral("Talent: about 75 pounds"));
+        QCOMPARE(program.passage().trimmed(), QStringLiteral("Talent: about 75 pounds"));
 
         QFile::remove(file(QStringLiteral("Units.rtf")));
         program.control<QAction>("mnuReferencesUnits")->trigger();
         QCOMPARE(answers.prompts(),
-                 QStringList{program.main()->UnitsPath() +
+                 QStringList{file(QStringLiteral("Units.rtf")) +
                              QStringLiteral(" is missing.  Feature will be disabled.\r\n"
                                             "Reinstall the program to restore it")});
     }
@@ -126,9 +125,7 @@ private slots:
             QCOMPARE(verse->findChild<QPlainTextEdit *>(QStringLiteral("txtVerse"))->toPlainText(),
                      QStringLiteral("JOHN 3:2\n2 Text of John 3:2\n"));
             // The passage view keeps its in-text heading.
-            QVERIFY(program.control<platform::RichTextBox>("rtfPassage")
-                        ->Text()
-                        .startsWith(QStringLiteral("GENESIS 1")));
+            QVERIFY(program.passage().startsWith(QStringLiteral("GENESIS 1")));
             auto *box = verse->findChild<QCheckBox *>(QStringLiteral("chkLoadVerseAtStartup"));
             QVERIFY(box->isChecked());
             box->click();

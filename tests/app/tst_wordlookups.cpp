@@ -8,7 +8,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPlainTextEdit>
@@ -24,15 +23,37 @@ class TestWordLookups : public QObject
 
     QTemporaryDir m_dir;
 
-    // Right-clicks the passage just after the given character of the text on display.
-    static void rightClickAt(ProgramHarness &program, const QString &near, int offset)
+    // The main window on the tagged translation, on screen, as a right click needs it.
+    static bool startShown(ProgramHarness &program)
+    {
+        if (!program.start(QStringLiteral("TAGGED")))
+            return false;
+        program.main()->show();
+        return QTest::qWaitForWindowExposed(program.main());
+    }
+
+    // Right-clicks the passage just after the given character of the text on display; true when
+    // the menu came up. The menu is closed again, and its entries stay ready to trigger.
+    static bool rightClickAt(ProgramHarness &program, const QString &near, int offset)
     {
         auto *view = program.control<platform::RichTextBox>("rtfPassage");
         const int at = int(view->Text().indexOf(near));
-        QVERIFY2(at >= 0, qPrintable(near));
+        if (at < 0)
+            return false;
         QTextCursor cursor(view->document());
         cursor.setPosition(view->documentPosition(at + offset));
         QTest::mouseClick(view->viewport(), Qt::RightButton, {}, view->cursorRect(cursor).center());
+        auto *menu = program.control<QMenu>("mnuRightClick");
+        const bool shown = menu->isVisible();
+        menu->hide();
+        return shown;
+    }
+
+    // Asks the concordance for a number, typed into its input box.
+    static void concordance(ProgramHarness &program, const QString &typed)
+    {
+        support::InputBoxAnswers answer({typed});
+        program.control<QAction>("mnuReferencesConcordance")->trigger();
     }
 
     static QString caption(ProgramHarness &program)
@@ -81,13 +102,9 @@ private slots:
     {
         platform::MsgBoxAnswerer answers;
         ProgramHarness program(m_dir.path());
-        QVERIFY(program.start(QStringLiteral("TAGGED")));
-        program.main()->show();
-        QVERIFY(QTest::qWaitForWindowExposed(program.main()));
-        auto *menu = program.control<QMenu>("mnuRightClick");
+        QVERIFY(startShown(program));
 
-        rightClickAt(program, QStringLiteral("spirit"), 2);
-        menu->hide();
+        QVERIFY(rightClickAt(program, QStringLiteral("spirit"), 2));
         program.control<QAction>("mnuRightclickDictionary")->trigger();
         auto *dictionary = program.main()->findChild<QWidget *>(QStringLiteral("frmDictionary"));
         QVERIFY(dictionary && dictionary->isVisible());
@@ -95,8 +112,7 @@ private slots:
             dictionary->findChild<QPlainTextEdit *>(QStringLiteral("txtDefinition"))->toPlainText(),
             QStringLiteral("SPIRIT: Breath, wind."));
         // A second look-up uses the same window.
-        rightClickAt(program, QStringLiteral("beginning God"), 11);
-        menu->hide();
+        QVERIFY(rightClickAt(program, QStringLiteral("beginning God"), 11));
         program.control<QAction>("mnuRightclickDictionary")->trigger();
         QCOMPARE(program.main()->findChildren<QWidget *>(QStringLiteral("frmDictionary")).size(),
                  1);
@@ -105,8 +121,7 @@ private slots:
             QStringLiteral("GOD: The supreme being."));
 
         // A Strong's number opens the lexicon on the Hebrew tab with the number.
-        rightClickAt(program, QStringLiteral("H430"), 1);
-        menu->hide();
+        QVERIFY(rightClickAt(program, QStringLiteral("H430"), 1));
         program.control<QAction>("mnuRightclickStrongLexicon")->trigger();
         auto *lexicon = program.main()->findChild<QWidget *>(QStringLiteral("frmStrongLexicon"));
         QVERIFY(lexicon && lexicon->isVisible());
@@ -122,56 +137,51 @@ private slots:
     {
         platform::MsgBoxAnswerer answers;
         ProgramHarness program(m_dir.path());
-        QVERIFY(program.start(QStringLiteral("TAGGED")));
-        program.main()->show();
-        QVERIFY(QTest::qWaitForWindowExposed(program.main()));
+        QVERIFY(startShown(program));
         auto *view = program.control<platform::RichTextBox>("rtfPassage");
 
         // The apostrophe ends the word.
-        rightClickAt(program, QStringLiteral("LORD's"), 2);
+        QVERIFY(rightClickAt(program, QStringLiteral("LORD's"), 2));
         QCOMPARE(view->SelText(), QStringLiteral("LORD"));
         QCOMPARE(caption(program), QStringLiteral("<LORD>"));
-        QVERIFY(program.control<QMenu>("mnuRightClick")->isVisible());
-        program.control<QMenu>("mnuRightClick")->hide();
 
         // A Strong's number between braces.
         view->setSelStart(0);
-        rightClickAt(program, QStringLiteral("H430"), 1);
+        QVERIFY(rightClickAt(program, QStringLiteral("H430"), 1));
         QCOMPARE(view->SelText(), QStringLiteral("H430"));
-        program.control<QMenu>("mnuRightClick")->hide();
 
         // A selection is taken as it is, a long one shown by its two ends.
         const int start = int(view->Text().indexOf(QStringLiteral("In the beginning")));
         view->setSelStart(start);
         view->setSelLength(50);
         const QString selected = view->SelText();
-        rightClickAt(program, QStringLiteral("beginning"), 3);
+        QVERIFY(rightClickAt(program, QStringLiteral("beginning"), 3));
         QCOMPARE(caption(program),
                  u'<' + selected.left(20) + QStringLiteral("...") + selected.right(20) + u'>');
-        program.control<QMenu>("mnuRightClick")->hide();
+    }
 
-        // The entries pass the word on.
-        view->setSelStart(0);
-        rightClickAt(program, QStringLiteral("spirit"), 1);
-        program.control<QMenu>("mnuRightClick")->hide();
+    void rightClickEntriesUseTheWord()
+    {
+        platform::MsgBoxAnswerer answers;
+        ProgramHarness program(m_dir.path());
+        QVERIFY(startShown(program));
+        QVERIFY(rightClickAt(program, QStringLiteral("spirit"), 1));
         program.control<QAction>("mnuRightclickCopy")->trigger();
         QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("spirit"));
         program.control<QAction>("mnuRightclickSearch")->trigger();
         QCOMPARE(program.control<QLineEdit>("txtQuery")->text(), QStringLiteral("spirit"));
-        QCOMPARE(program.control<QLabel>("lbltitle")->text(),
-                 QStringLiteral("Search results for \"spirit\" (1 matches)"));
-        program.main()->GoToReference(QStringLiteral("Gen 2"));
-        rightClickAt(program, QStringLiteral("Thus"), 1);
-        program.control<QMenu>("mnuRightClick")->hide();
+        QCOMPARE(program.title(), QStringLiteral("Search results for \"spirit\" (1 matches)"));
+        program.getReference(QStringLiteral("Gen 2"));
+        QVERIFY(rightClickAt(program, QStringLiteral("Thus"), 1));
         QCOMPARE(caption(program), QStringLiteral("<Thus>"));
-        program.main()->GoToReference(QStringLiteral("John 1"));
+        program.getReference(QStringLiteral("John 1"));
+        auto *view = program.control<platform::RichTextBox>("rtfPassage");
         view->setSelStart(0);
         view->setSelLength(0);
-        rightClickAt(program, QStringLiteral("JOHN 1"), 1);
-        program.control<QMenu>("mnuRightClick")->hide();
+        QVERIFY(rightClickAt(program, QStringLiteral("JOHN 1"), 1));
         program.control<QAction>("mnuRightClickLookupReference")->trigger();
         QCOMPARE(program.control<QLineEdit>("txtReference")->text(), QStringLiteral("JOHN"));
-        QCOMPARE(program.control<QLabel>("lbltitle")->text(), QStringLiteral("JOHN 1"));
+        QCOMPARE(program.title(), QStringLiteral("JOHN 1"));
     }
 
     void strongConcordance()
@@ -179,30 +189,26 @@ private slots:
         platform::MsgBoxAnswerer answers;
         ProgramHarness program(m_dir.path());
         QVERIFY(program.start(QStringLiteral("TAGGED")));
-        auto *title = program.control<QLabel>("lbltitle");
-        {
-            support::InputBoxAnswers typed({QStringLiteral(" h0430 ")});
-            program.control<QAction>("mnuReferencesConcordance")->trigger();
-        }
-        QCOMPARE(title->text(), QStringLiteral("Search results for \"H430\" (2 matches)"));
+        concordance(program, QStringLiteral(" h0430 "));
+        QCOMPARE(program.title(), QStringLiteral("Search results for \"H430\" (2 matches)"));
         QCOMPARE(
-            program.control<platform::RichTextBox>("rtfPassage")->Text(),
+            program.passage(),
             // The first line of a book file is never searched, so its chapter is not known yet.
             QStringLiteral(
                 "Genesis :1 In the beginning God{H430} created{H1254} the heaven.\r\n\r\n"
                 "Genesis 2:1 Thus God{H430} finished.\r\n\r\n"));
         // Not a number: said so, nothing searched.
-        program.main()->ShowConcordance(QStringLiteral("430"));
+        concordance(program, QStringLiteral("430"));
         QCOMPARE(answers.count(), 1);
         QVERIFY(answers.last().prompt.contains(QStringLiteral("is not a Strong's number")));
 
         // A translation without numbers: the tagged one is searched, and the title says so.
-        program.main()->LoadTranslation(QStringLiteral("PLAIN"));
-        program.main()->ShowConcordance(QStringLiteral("G26"));
-        QCOMPARE(title->text(),
+        QVERIFY(program.chooseTranslation(QStringLiteral("Plain Version")));
+        concordance(program, QStringLiteral("G26"));
+        QCOMPARE(program.title(),
                  QStringLiteral("Search results for \"G26\" in Tagged Version (0 matches)"));
-        program.main()->ShowConcordance(QStringLiteral("H1254"));
-        QCOMPARE(title->text(),
+        concordance(program, QStringLiteral("H1254"));
+        QCOMPARE(program.title(),
                  QStringLiteral("Search results for \"H1254\" in Tagged Version (1 matches)"));
     }
 };

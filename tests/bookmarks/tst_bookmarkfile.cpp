@@ -10,16 +10,6 @@
 
 using platform::TextEncoding;
 
-namespace {
-
-QByteArray readAll(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-} // namespace
-
 class TestBookmarkFile : public QObject
 {
     Q_OBJECT
@@ -114,7 +104,7 @@ private slots:
                                 "Problem was repaired, click ok to proceed"));
         QCOMPARE(answers.last().buttons, int(vb::vbCritical));
         QVERIFY(QFile::exists(path()));
-        QCOMPARE(readAll(path()), QByteArray());
+        QCOMPARE(fixture::readFile(path()), QByteArray());
         QCOMPARE(bookmarks.Count(), 0);
     }
 
@@ -140,7 +130,7 @@ private slots:
         QCOMPARE(bookmarks.Reference(3), QStringLiteral("3"));
         QCOMPARE(bookmarks.Reference(4), QString());
         QVERIFY(BookmarkFile(m_dir.path()).Save({{"a", "1"}}));
-        QCOMPARE(readAll(path()), QByteArray("\"a\",\"1\"\r\njunk\r\n\"open\r\n"));
+        QCOMPARE(fixture::readFile(path()), QByteArray("\"a\",\"1\"\r\njunk\r\n\"open\r\n"));
         fixture::writeFile(path(), "x\r\n");
         bookmarks.Load();
         QVERIFY(answers.last().prompt.startsWith(
@@ -206,7 +196,7 @@ private slots:
         platform::MsgBoxAnswerer answers;
         QCOMPARE(BookmarkFile(m_dir.path()).Add(name, reference), message.isEmpty());
         QCOMPARE(answers.last().prompt, message);
-        QCOMPARE(readAll(path()), message.isEmpty() ? after : before);
+        QCOMPARE(fixture::readFile(path()), message.isEmpty() ? after : before);
     }
 
     void failedWritesLeaveTheFileAndSaySo()

@@ -13,6 +13,17 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+
+// Stops the fuzzer with the file and line of the broken promise.
+#define FUZZ_CHECK(condition)                                                                      \
+    do {                                                                                           \
+        if (!(condition)) {                                                                        \
+            std::fprintf(stderr, "%s:%d: %s\n", __FILE__, __LINE__, #condition);                   \
+            std::abort();                                                                          \
+        }                                                                                          \
+    } while (false)
 
 namespace fuzz {
 
@@ -57,6 +68,12 @@ inline QList<QByteArray> parts(const uint8_t *data, size_t size, int count)
     }
     result.append(rest);
     return result;
+}
+
+inline QByteArray read(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 inline void write(const QString &path, const QByteArray &bytes)

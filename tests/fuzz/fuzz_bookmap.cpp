@@ -10,19 +10,8 @@
 #include "scripture/clsBible.h"
 
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 
 namespace {
-
-// Stops the fuzzer with the line of the broken promise.
-#define check(condition)                                                                           \
-    do {                                                                                           \
-        if (!(condition)) {                                                                        \
-            std::fprintf(stderr, "fuzz_bookmap.cpp:%d: %s\n", __LINE__, #condition);               \
-            std::abort();                                                                          \
-        }                                                                                          \
-    } while (false)
 
 constexpr int kFirstTestamentBooks = 3;
 
@@ -56,11 +45,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         VbError error;
         const std::optional<BookMap::Entry> entry = BookMap::Parse(line, &error);
         if (entry) {
-            check(entry->name.size() <= BookMap::NameWidth);
-            check(entry->chapters >= 0 && entry->chapters <= 255);
+            FUZZ_CHECK(entry->name.size() <= BookMap::NameWidth);
+            FUZZ_CHECK(entry->chapters >= 0 && entry->chapters <= 255);
             books.append(*entry);
         } else {
-            check(error.number == 13 || error.number == 6);
+            FUZZ_CHECK(error.number == 13 || error.number == 6);
             sound = false;
         }
     }
@@ -68,21 +57,21 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     clsBible bible;
     bible.setVersionPath(root);
     if (!sound || kFirstTestamentBooks + books.size() > clsBible::MaxBooks) {
-        check(bible.LastReadFailed());
+        FUZZ_CHECK(bible.LastReadFailed());
         return 0;
     }
-    check(!bible.LastReadFailed());
-    check(bible.OldTestamentCount() == kFirstTestamentBooks);
-    check(bible.NewTestamentCount() == books.size());
+    FUZZ_CHECK(!bible.LastReadFailed());
+    FUZZ_CHECK(bible.OldTestamentCount() == kFirstTestamentBooks);
+    FUZZ_CHECK(bible.NewTestamentCount() == books.size());
     for (int b = 1; b <= bible.BooksCount(); ++b) {
         if (b > kFirstTestamentBooks) {
             const BookMap::Entry &entry = books.at(b - kFirstTestamentBooks - 1);
-            check(bible.BookName(b) == entry.name.trimmed());
-            check(bible.Chapters(b) == entry.chapters);
+            FUZZ_CHECK(bible.BookName(b) == entry.name.trimmed());
+            FUZZ_CHECK(bible.Chapters(b) == entry.chapters);
         }
-        check(bible.BookByRow(bible.TestamentOfBook(b), bible.RowOfBook(b)) == b);
+        FUZZ_CHECK(bible.BookByRow(bible.TestamentOfBook(b), bible.RowOfBook(b)) == b);
         const int byName = bible.BookByName(bible.BookName(b));
-        check(byName >= 1 && byName <= b);
+        FUZZ_CHECK(byName >= 1 && byName <= b);
         bible.FetchPassage(bible.BookName(b), 1, 2, 2, 1);
     }
     return 0;

@@ -10,25 +10,8 @@
 
 #include <QFile>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 
 namespace {
-
-// Stops the fuzzer with the line of the broken promise.
-#define check(condition)                                                                           \
-    do {                                                                                           \
-        if (!(condition)) {                                                                        \
-            std::fprintf(stderr, "fuzz_chaptersection.cpp:%d: %s\n", __LINE__, #condition);        \
-            std::abort();                                                                          \
-        }                                                                                          \
-    } while (false)
-
-QByteArray fileBytes(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 // The lines of a file's bytes without their line breaks (and without a UTF-8 byte order mark).
 QList<QByteArray> byteLines(QByteArray bytes, platform::TextEncoding encoding)
@@ -66,8 +49,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 
     const QString path = fuzz::scratch().path() + QStringLiteral("/notes/oldtest/GENESIS");
     fuzz::write(path + QStringLiteral(".dat"), before);
-    check(ChapterSection::Rewrite(path, chapter, text).isEmpty());
-    const QByteArray after = fileBytes(path + QStringLiteral(".dat"));
+    FUZZ_CHECK(ChapterSection::Rewrite(path, chapter, text).isEmpty());
+    const QByteArray after = fuzz::read(path + QStringLiteral(".dat"));
 
     const platform::DecodedText oldText = platform::DecodeText(before);
     const platform::DecodedText newText = platform::DecodeText(after);
@@ -75,7 +58,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     const QStringList newLines = platform::SplitLines(newText.text);
     const QStringList written = platform::SplitLines(text);
     for (const QString &line : written)
-        check(!ChapterMarker::MayReadAsMarker(line));
+        FUZZ_CHECK(!ChapterMarker::MayReadAsMarker(line));
 
     // Where the chapter was (its marker and the first line after its lines), or where it goes.
     qsizetype keepHead = 0;
@@ -99,19 +82,19 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
                    QStringList{QStringLiteral("CHAPTER %1").arg(chapter)} + written +
                    oldLines.mid(tail);
     }
-    check(newLines == expected);
-    check(ChapterSection::Read(path, chapter) ==
-          (written.isEmpty() ? QString()
-                             : written.join(QStringLiteral("\r\n")) + QStringLiteral("\r\n")));
+    FUZZ_CHECK(newLines == expected);
+    FUZZ_CHECK(ChapterSection::Read(path, chapter) ==
+               (written.isEmpty() ? QString()
+                                  : written.join(QStringLiteral("\r\n")) + QStringLiteral("\r\n")));
 
     // A UTF-8 file stays UTF-8; while the encoding holds, the other lines keep their bytes.
-    check(oldText.encoding == platform::TextEncoding::Windows1252 ||
-          newText.encoding == platform::TextEncoding::Utf8);
+    FUZZ_CHECK(oldText.encoding == platform::TextEncoding::Windows1252 ||
+               newText.encoding == platform::TextEncoding::Utf8);
     if (oldText.encoding == newText.encoding) {
         const QList<QByteArray> oldBytes = byteLines(before, oldText.encoding);
         const QList<QByteArray> newBytes = byteLines(after, newText.encoding);
-        check(newBytes.mid(0, keepHead) == oldBytes.mid(0, keepHead));
-        check(newBytes.mid(tail + newLines.size() - oldLines.size()) == oldBytes.mid(tail));
+        FUZZ_CHECK(newBytes.mid(0, keepHead) == oldBytes.mid(0, keepHead));
+        FUZZ_CHECK(newBytes.mid(tail + newLines.size() - oldLines.size()) == oldBytes.mid(tail));
     }
     return 0;
 }

@@ -12,19 +12,8 @@
 
 #include <QRegularExpression>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 
 namespace {
-
-// Stops the fuzzer with the line of the broken promise.
-#define check(condition)                                                                           \
-    do {                                                                                           \
-        if (!(condition)) {                                                                        \
-            std::fprintf(stderr, "fuzz_concordance.cpp:%d: %s\n", __LINE__, #condition);           \
-            std::abort();                                                                          \
-        }                                                                                          \
-    } while (false)
 
 void writeTranslation(const QString &folder, const QByteArray &secondTestamentBook)
 {
@@ -50,8 +39,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 
     static const QRegularExpression shape(QStringLiteral("^[HG][1-9][0-9]{0,8}$"));
     const QString number = StrongConcordance::Normalize(typed);
-    check(number.isEmpty() || shape.match(number).hasMatch());
-    check(StrongConcordance::Normalize(number) == number);
+    FUZZ_CHECK(number.isEmpty() || shape.match(number).hasMatch());
+    FUZZ_CHECK(StrongConcordance::Normalize(number) == number);
 
     BookFiles::clear();
     const QString program = fuzz::freshFolder(QStringLiteral("program"));
@@ -62,8 +51,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
                      input.size() > 1 ? input.at(1) : QByteArray());
     clsBible tagged;
     tagged.setVersionPath(program + QStringLiteral("/TAGGED"));
-    check(StrongConcordance::TaggedTranslation(program) ==
-          (StrongConcordance::CarriesNumbers(tagged) ? QStringLiteral("TAGGED") : QString()));
+    FUZZ_CHECK(StrongConcordance::TaggedTranslation(program) ==
+               (StrongConcordance::CarriesNumbers(tagged) ? QStringLiteral("TAGGED") : QString()));
 
     QuickSearch search;
     const QString sought = number.isEmpty() ? QStringLiteral("G746") : number;
@@ -71,6 +60,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         StrongConcordance::Run(search, tagged, sought, 20, QStringLiteral("Fuzz"));
     const QString braced = u'{' + sought + u'}';
     for (const SearchHit &hit : result.hits)
-        check(basStrings::UpperCase(hit.line).contains(braced));
+        FUZZ_CHECK(basStrings::UpperCase(hit.line).contains(braced));
     return 0;
 }

@@ -9,19 +9,8 @@
 #include <QApplication>
 
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 
 namespace {
-
-// Stops the fuzzer with the line of the broken promise.
-#define check(condition)                                                                           \
-    do {                                                                                           \
-        if (!(condition)) {                                                                        \
-            std::fprintf(stderr, "fuzz_plaintext.cpp:%d: %s\n", __LINE__, #condition);             \
-            std::abort();                                                                          \
-        }                                                                                          \
-    } while (false)
 
 // The text as the view gives it back: every line break, of whichever kind, is CR LF.
 QString withCrLf(const QString &text)
@@ -56,17 +45,17 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     fuzz::write(path, bytes);
 
     platform::RichTextBox view;
-    check(view.LoadFile(path));
+    FUZZ_CHECK(view.LoadFile(path));
     const QString text = view.Text();
-    check(text == withCrLf(platform::DecodeText(bytes).text));
+    FUZZ_CHECK(text == withCrLf(platform::DecodeText(bytes).text));
 
     const qsizetype lastBreak = text.lastIndexOf(QStringLiteral("\r\n"));
     const QString piece = (lastBreak < 0 ? text : text.mid(lastBreak + 2)).right(4);
     if (!piece.isEmpty()) {
         const int found = view.Find(piece, 0, platform::RichTextBox::rtfMatchCase);
-        check(found == text.indexOf(piece));
-        check(view.SelStart() == found && view.SelLength() == piece.size());
-        check(view.SelText() == piece);
+        FUZZ_CHECK(found == text.indexOf(piece));
+        FUZZ_CHECK(view.SelStart() == found && view.SelLength() == piece.size());
+        FUZZ_CHECK(view.SelText() == piece);
     }
     return 0;
 }

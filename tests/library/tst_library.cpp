@@ -25,8 +25,6 @@ private slots:
         QVERIFY(DataFiles::Exists(DataFiles::File::Commentary));
         QVERIFY(DataFiles::Exists(DataFiles::File::StrongHebrew));
         QVERIFY(!DataFiles::Exists(DataFiles::File::StrongGreek));
-        QCOMPARE(DataFiles::Name(DataFiles::File::Help), QStringLiteral("bible.chm"));
-        QCOMPARE(DataFiles::Name(DataFiles::File::Units), QStringLiteral("Units.rtf"));
     }
 
     void missingFileMessage()

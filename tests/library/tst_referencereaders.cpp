@@ -61,7 +61,6 @@ private slots:
         NamedReferences topics;
         QVERIFY(topics.Load(m_dir.filePath(QStringLiteral("TOPICS.DAT"))));
         QCOMPARE(topics.Names(), (QStringList{"Abiding in Christ", "Love", "Lonely name"}));
-        QCOMPARE(topics.Count(), 3);
         QCOMPARE(topics.ReferenceField(2), QStringLiteral("1Cor 13:4; John 3:16;"));
         QCOMPARE(topics.References(1), (QStringList{"John 15:4", "1John 2:28"}));
         QCOMPARE(topics.References(2), (QStringList{"1Cor 13:4", " John 3:16", ""}));
@@ -187,7 +186,6 @@ private slots:
         VerseList verses;
         QVERIFY(verses.Load(write(QStringLiteral("verses.dat"), bytes)));
         QCOMPARE(verses.Lines(), lines);
-        QCOMPARE(verses.Count(), lines.size());
         QCOMPARE(verses.Line(1), lines.value(0));
         QCOMPARE(verses.Line(0), QString());
         QCOMPARE(verses.Line(int(lines.size()) + 1), QString());
@@ -272,12 +270,6 @@ private slots:
 
         QVERIFY(verses.Load(write(QStringLiteral("verses.dat"), "")));
         QCOMPARE(ReferencePassages::VerseText(bible, verses, 1), QString());
-
-        QCOMPARE(
-            ReferencePassages::VersesMissingText(),
-            QStringLiteral("That the verses.dat file was not found? \r\n\r\nCreate a text file "
-                           "named verses.dat using NotePad with 1 verse per line. Then place it "
-                           "in the same directory as the application. "));
     }
 
     // Whatever a file holds, every reader ends with an answer, and each line after the header

@@ -8,13 +8,10 @@
 #include "platform/MsgBoxAnswerer.h"
 #include "scripture/clsBible.h"
 #include "settings/ProgramSettings.h"
-#include "settings/clsIni.h"
 
 #include <QFile>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QPointer>
-#include <QPushButton>
 #include <QRegularExpression>
 #include <QTabWidget>
 #include <QTemporaryDir>
@@ -44,13 +41,6 @@ public:
     using support::OpenedWindow<Window>::OpenedWindow;
     using support::OpenedWindow<Window>::control;
 
-    // The row chosen in a list (selected), or -1.
-    int row(const char *name) const
-    {
-        auto *list = this->template control<QListWidget>(name);
-        const QList<QListWidgetItem *> chosen = list->selectedItems();
-        return chosen.isEmpty() ? -1 : list->row(chosen.first());
-    }
     void showTab(int index) const
     {
         this->template control<QTabWidget>("SSTab1")->setCurrentIndex(index);
@@ -58,30 +48,19 @@ public:
     void search(const QString &query) const
     {
         showTab(1);
-        auto *edit = this->template control<QLineEdit>("txtQuery");
-        edit->selectAll();
-        QTest::keyClick(edit, Qt::Key_Delete);
-        QTest::keyClicks(edit, query);
-        QTest::mouseClick(this->template control<QPushButton>("cmdSearch"), Qt::LeftButton);
-    }
-    void clickRow(const char *list, int row) const
-    {
-        auto *box = this->template control<QListWidget>(list);
-        box->scrollToItem(box->item(row));
-        QTest::mouseClick(box->viewport(), Qt::LeftButton, {},
-                          box->visualItemRect(box->item(row)).center());
+        this->type("txtQuery", query);
+        this->click("cmdSearch");
     }
 };
 
 // The lines of one section of "window.ini", as written.
 QStringList iniSection(const QString &folder, const QString &section)
 {
-    QFile file(folder + QStringLiteral("/window.ini"));
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
     QStringList lines;
     bool inside = false;
-    for (const QString &line : QString::fromUtf8(file.readAll()).split(QStringLiteral("\r\n"))) {
+    const QString text =
+        QString::fromUtf8(fixture::readFile(folder + QStringLiteral("/window.ini")));
+    for (const QString &line : text.split(QStringLiteral("\r\n"))) {
         if (line.startsWith(u'['))
             inside = line.compare(u'[' + section + u']', Qt::CaseInsensitive) == 0;
         else if (inside && !line.isEmpty())
@@ -119,17 +98,11 @@ private slots:
     void windowsOpenOnTheirLists()
     {
         Opened<frmTopics> topics(m_main);
-        QCOMPARE(topics->windowTitle(), QStringLiteral("Bible Topics"));
         QCOMPARE(topics.entries("lstTopics"), (QStringList{"Creation", "God is Love", "Godliness",
                                                            "Love of God", "Loving kindness"}));
-        QCOMPARE(topics.control<QListWidget>("lstTopics")->toolTip(),
-                 QStringLiteral("Select topic to see its text in the main bible window"));
         Opened<frmStories> stories(m_main);
-        QCOMPARE(stories->windowTitle(), QStringLiteral("Famous Bible Stories"));
         QCOMPARE(stories.entries("lstStories"),
                  (QStringList{"The Creation", "Cain and Abel", "Abel's offering"}));
-        QCOMPARE(stories.control<QLineEdit>("txtQuery")->toolTip(),
-                 QStringLiteral("Type word(s) to search for in stories"));
         QVERIFY(m_main.shown.isEmpty());
     }
 
@@ -138,14 +111,12 @@ private slots:
         QTest::addColumn<QString>("query");
         QTest::addColumn<QStringList>("results");
 
-        const QStringList both{"God is Love", "Love of God"};
-        QTest::newRow("two words") << QStringLiteral("love god") << both;
-        QTest::newRow("the other order, other case") << QStringLiteral("GOD Love") << both;
-        QTest::newRow("blanks around") << QStringLiteral("  god   love ") << both;
+        // The rules of the name search are the reader's; here, that the window applies them.
+        QTest::newRow("words in any order and case, blanks around")
+            << QStringLiteral("  GOD   Love ") << QStringList{"God is Love", "Love of God"};
         QTest::newRow("inside a longer word")
             << QStringLiteral("lov")
             << QStringList{"God is Love", "Love of God", "Loving kindness"};
-        QTest::newRow("part of a word") << QStringLiteral("odlin") << QStringList{"Godliness"};
         QTest::newRow("no match") << QStringLiteral("love flood") << QStringList();
     }
 
@@ -212,8 +183,6 @@ private slots:
     void storyListsItsReferences()
     {
         Opened<frmStories> window(m_main);
-        QCOMPARE(window.control<QListWidget>("lstReferences")->toolTip(),
-                 QStringLiteral("Click a reference to see the text in the main bible window"));
         window.clickRow("lstStories", 0);
         QCOMPARE(window.entries("lstReferences"), (QStringList{"Genesis 1:1-2", "Genesis 2:1"}));
         QVERIFY(m_main.shown.isEmpty());
@@ -256,12 +225,10 @@ private slots:
             QCOMPARE(window.control<QTabWidget>("SSTab1")->currentIndex(), 1);
             window.showTab(0);
         }
-        clsIni ini;
-        ini.Create(file(QStringLiteral("window.ini")));
-        QCOMPARE(ini.Data(QStringLiteral("stories"), QStringLiteral("tab")), 0);
+        QCOMPARE(support::iniData(m_dir.path(), "stories", "tab"), 0);
         // Untouched, the place goes back as it was read.
-        QCOMPARE(ini.Data(QStringLiteral("stories"), QStringLiteral("left")), 1500);
-        QCOMPARE(ini.Data(QStringLiteral("stories"), QStringLiteral("top")), 1200);
+        QCOMPARE(support::iniData(m_dir.path(), "stories", "left"), 1500);
+        QCOMPARE(support::iniData(m_dir.path(), "stories", "top"), 1200);
 
         // Without remembered windows the tab is still restored, and the place still written.
         settings("[]\r\nrememberwindowsetting=0\r\n[stories]\r\ntab=1\r\n");

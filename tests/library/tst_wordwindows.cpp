@@ -10,15 +10,12 @@
 #include "platform/MsgBoxAnswerer.h"
 #include "scripture/clsBible.h"
 #include "settings/ProgramSettings.h"
-#include "settings/clsIni.h"
 
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
-#include <QPointer>
-#include <QPushButton>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTemporaryDir>
@@ -47,70 +44,20 @@ const QByteArray kGreek = "G1|A|al'-fah|the first letter; see "
                           "3\r\nG2|Aaron|ah-ar-ohn'|Aaron\r\nG3|agape|ag-ah'-pay|love\r\n";
 
 using support::FakeMain;
+using support::iniData;
 
-// The word window under test, with what the tests do with its controls.
-template <typename Window> class Opened : public support::OpenedWindow<Window>
+template <typename Window> using Opened = support::OpenedWindow<Window>;
+
+// Double-clicks the character at a position of a definition box's text.
+template <typename Window>
+void doubleClickText(const Opened<Window> &window, const char *box, int position)
 {
-public:
-    using support::OpenedWindow<Window>::OpenedWindow;
-    using support::OpenedWindow<Window>::control;
-    using support::OpenedWindow<Window>::get;
-
-    QString text(const char *name) const
-    {
-        if (auto *box = this->get()->template findChild<QLineEdit *>(QLatin1String(name)))
-            return box->text();
-        if (auto *label = this->get()->template findChild<QLabel *>(QLatin1String(name)))
-            return label->text();
-        return this->template control<QPlainTextEdit>(name)->toPlainText();
-    }
-    int row(const char *name) const
-    {
-        const QList<QListWidgetItem *> selected =
-            this->template control<QListWidget>(name)->selectedItems();
-        return selected.isEmpty()
-                   ? -1
-                   : this->template control<QListWidget>(name)->row(selected.first());
-    }
-    void type(const char *box, const QString &text, bool enter = false) const
-    {
-        auto *edit = this->template control<QLineEdit>(box);
-        edit->selectAll();
-        QTest::keyClick(edit, Qt::Key_Delete);
-        QTest::keyClicks(edit, text);
-        if (enter)
-            QTest::keyClick(edit, Qt::Key_Return);
-    }
-    void click(const char *button) const
-    {
-        QTest::mouseClick(this->template control<QPushButton>(button), Qt::LeftButton);
-    }
-    void doubleClickRow(const char *list, int row) const
-    {
-        auto *box = this->template control<QListWidget>(list);
-        box->scrollToItem(box->item(row));
-        // A real double-click: a click, then the second press that the system reports as double.
-        const QPoint at = box->visualItemRect(box->item(row)).center();
-        QTest::mouseClick(box->viewport(), Qt::LeftButton, {}, at);
-        QTest::mouseDClick(box->viewport(), Qt::LeftButton, {}, at);
-    }
-    // Double-clicks the character at a position of a definition box's text.
-    void doubleClickText(const char *box, int position) const
-    {
-        auto *edit = this->template control<QPlainTextEdit>(box);
-        QTextCursor cursor(edit->document());
-        cursor.setPosition(position);
-        const QPoint at = edit->cursorRect(cursor).center() + QPoint(2, 0);
-        QTest::mouseClick(edit->viewport(), Qt::LeftButton, {}, at);
-        QTest::mouseDClick(edit->viewport(), Qt::LeftButton, {}, at);
-    }
-};
-
-int iniData(const QString &folder, const QString &section, const QString &key)
-{
-    clsIni ini;
-    ini.Create(folder + QStringLiteral("/window.ini"));
-    return ini.Data(section, key);
+    auto *edit = window.template control<QPlainTextEdit>(box);
+    QTextCursor cursor(edit->document());
+    cursor.setPosition(position);
+    const QPoint at = edit->cursorRect(cursor).center() + QPoint(2, 0);
+    QTest::mouseClick(edit->viewport(), Qt::LeftButton, {}, at);
+    QTest::mouseDClick(edit->viewport(), Qt::LeftButton, {}, at);
 }
 
 } // namespace
@@ -172,7 +119,6 @@ private slots:
         QFETCH(QString, definition);
         QFETCH(QStringList, references);
         Opened<frmDictionary> window(m_main);
-        QCOMPARE(window->windowTitle(), QStringLiteral("Dictionary"));
         // Something shown before is cleared by the next look-up.
         window->FindWord(QStringLiteral(" abel "));
         QCOMPARE(window.text("txtWord"), QStringLiteral("abel"));
@@ -259,14 +205,13 @@ private slots:
     void namesLookUp()
     {
         Opened<frmBibleNames> window(m_main);
-        QCOMPARE(window->windowTitle(), QStringLiteral("Penlowe's Bible Names Dictionary"));
         QCOMPARE(window.entries("lstNames"), (QStringList{"Abel", "Cain", "Seth"}));
         QVERIFY(!window->findChild<QListWidget *>(QStringLiteral("lstReferences")));
         window.type("txtWord", QStringLiteral(" cain"), true);
         QCOMPARE(window.text("lblStatus"), QStringLiteral("Found!!!"));
         QCOMPARE(window.text("txtDefinition"), QStringLiteral("CAIN: Acquired."));
         QCOMPARE(window.row("lstNames"), -1); // the blank in front matches no name
-        window->FindWord(QStringLiteral("Enoch"));
+        window.type("txtWord", QStringLiteral("Enoch"), true);
         QCOMPARE(window.text("lblStatus"), QStringLiteral("Not Found!"));
         QCOMPARE(window.text("txtDefinition"), QString());
         window.doubleClickRow("lstNames", 0);
@@ -299,7 +244,6 @@ private slots:
     {
         {
             Opened<frmStrongLexicon> window(m_main);
-            QCOMPARE(window->windowTitle(), QStringLiteral("Strong's Lexicon"));
             QCOMPARE(window.entries("lstHebrewWords").size(), 5);
             QCOMPARE(window.entries("lstGreekWords"), QStringList());
             // Written after the window opened, and still what the Greek tab shows.
@@ -309,7 +253,7 @@ private slots:
             QCOMPARE(window.entries("lstGreekWords").first(), QStringLiteral("Alpha"));
         }
         // Saved on the Greek tab, the window opens on it and leaves Hebrew unread.
-        QCOMPARE(iniData(m_dir.path(), QStringLiteral("strong"), QStringLiteral("tab")), 1);
+        QCOMPARE(iniData(m_dir.path(), "strong", "tab"), 1);
         Opened<frmStrongLexicon> again(m_main);
         QCOMPARE(again.control<QTabWidget>("SSTab1")->currentIndex(), 1);
         QCOMPARE(again.entries("lstGreekWords").size(), 4);
@@ -365,7 +309,7 @@ private slots:
         // A number in a Hebrew definition shows that entry.
         window.type("txtHebrewWord", QStringLiteral("1"), true);
         const QString first = window.text("txtHebrewDefinition");
-        window.doubleClickText("txtHebrewDefinition", int(first.indexOf(u'3')));
+        doubleClickText(window, "txtHebrewDefinition", int(first.indexOf(u'3')));
         QCOMPARE(window.text("txtHebrewDefinition"),
                  QStringLiteral("3 - אבד (aw-bad') : to perish; compare 1"));
         QCOMPARE(window.row("lstHebrewWords"), 2);
@@ -386,7 +330,7 @@ private slots:
         window.click("cmdFindGreek");
         const QString greek = window.text("txtGreekDefinition");
         QCOMPARE(greek, QStringLiteral("1 - A (al'-fah) : the first letter; see 3"));
-        window.doubleClickText("txtGreekDefinition", int(greek.lastIndexOf(u'3')));
+        doubleClickText(window, "txtGreekDefinition", int(greek.lastIndexOf(u'3')));
         QCOMPARE(window.text("txtGreekDefinition"), greek);
         QCOMPARE(window.row("lstGreekWords"), 0);
         window.click("cmdFindAllGreek");
@@ -453,16 +397,22 @@ private slots:
             Opened<frmStrongLexicon> lexicon(m_main);
             QVERIFY(lexicon.control<QCheckBox>("chkHighlightWord")->isChecked());
             lexicon.control<QCheckBox>("chkHighlightWord")->setChecked(false);
+            dictionary->move(10, 20);
+            names->move(30, 40);
+            lexicon->move(50, 60);
         }
-        for (const char *section : {"dictionary", "biblenames", "strong"}) {
-            QVERIFY2(iniData(m_dir.path(), QLatin1String(section), QStringLiteral("left")) >= 0,
-                     section);
-            QVERIFY2(iniData(m_dir.path(), QLatin1String(section), QStringLiteral("top")) >= 0,
-                     section);
+        // Each in its own section, in twips (15 to a pixel).
+        const struct
+        {
+            const char *section;
+            int left, top;
+        } places[] = {{"dictionary", 150, 300}, {"biblenames", 450, 600}, {"strong", 750, 900}};
+        for (const auto &[section, left, top] : places) {
+            QCOMPARE(iniData(m_dir.path(), section, "left"), left);
+            QCOMPARE(iniData(m_dir.path(), section, "top"), top);
         }
-        QCOMPARE(iniData(m_dir.path(), QStringLiteral("strong"), QStringLiteral("highlightword")),
-                 0);
-        QCOMPARE(iniData(m_dir.path(), QStringLiteral("strong"), QStringLiteral("tab")), 0);
+        QCOMPARE(iniData(m_dir.path(), "strong", "highlightword"), 0);
+        QCOMPARE(iniData(m_dir.path(), "strong", "tab"), 0);
     }
 
     void damagedLexicon()

@@ -1,4 +1,4 @@
-// Message boxes, the common dialogs' test answers, shell open, edit commands and the About box.
+// Message boxes, the common dialogs' test answers, shell open and edit commands.
 #include "../support/HookGuards.h"
 #include "platform/CSendMessage.h"
 #include "platform/CShell.h"
@@ -7,7 +7,6 @@
 #include "platform/clsCommonColorDialog.h"
 #include "platform/clsCommonFontDialog.h"
 #include "platform/clsCommonOpenDialog.h"
-#include "platform/frmAbout.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -116,10 +115,6 @@ private slots:
     {
         clsCommonColorDialog dialog;
         dialog.setColor(0x0000FF);
-        dialog.setRGBInit(true);
-        dialog.setFullOpen(true);
-        QCOMPARE(dialog.flags(),
-                 clsCommonColorDialog::CC_RGBINIT | clsCommonColorDialog::CC_FULLOPEN);
 
         int seen = -1;
         {
@@ -274,43 +269,6 @@ private slots:
             message.setHwnd(&gone);
         }
         QVERIFY(!message.Copy());
-    }
-
-    void aboutBox()
-    {
-        QTemporaryDir dir;
-        QFile credits(dir.filePath(QStringLiteral("CREDITS.md")));
-        QVERIFY(credits.open(QIODevice::WriteOnly));
-        credits.write("# Credits\n\nThanks to *everyone* who helped.\n");
-        credits.close();
-
-        support::ShellRecorder shellOpens;
-        frmAbout about(dir.filePath(QStringLiteral("CREDITS.md")));
-        about.show();
-        QCOMPARE(about.objectName(), QStringLiteral("frmAbout"));
-        QCOMPARE(about.windowTitle(), QStringLiteral("About Quillstone Bible System"));
-        QCOMPARE(about.findChild<QLabel *>(QStringLiteral("imgLogo"))->pixmap().toImage(),
-                 frmAbout::AppIcon().pixmap(64).toImage());
-        QCOMPARE(about.findChild<QLabel *>(QStringLiteral("lbltitle"))->text(),
-                 platform::AppTitle());
-        QCOMPARE(about.findChild<QLabel *>(QStringLiteral("lblVersion"))->text(),
-                 QStringLiteral("1.0.0"));
-        QVERIFY(!about.findChild<QLabel *>(QStringLiteral("lblDisclaimer"))->text().isEmpty());
-        QVERIFY(about.findChild<QTextEdit *>()->toPlainText().contains(
-            QStringLiteral("Thanks to everyone")));
-
-        QTest::mouseClick(about.findChild<QLabel *>(QStringLiteral("Label3")), Qt::LeftButton);
-        QTest::mouseClick(about.findChild<QLabel *>(QStringLiteral("Label4")), Qt::LeftButton);
-        QCOMPARE(shellOpens.opened,
-                 (QList<QUrl>{QUrl(QStringLiteral("mailto:support@quillstone.example.org")),
-                              QUrl(QStringLiteral("https://quillstone.example.org"))}));
-        QTest::mouseClick(about.findChild<QPushButton *>(QStringLiteral("cmdOK")), Qt::LeftButton);
-        QCOMPARE(about.result(), int(QDialog::Accepted));
-        QVERIFY(!about.isVisible());
-
-        frmAbout missing(dir.filePath(QStringLiteral("nothing.md")));
-        QVERIFY(missing.findChild<QTextEdit *>()->toPlainText().contains(
-            QStringLiteral("could not be found")));
     }
 };
 

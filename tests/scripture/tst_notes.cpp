@@ -18,12 +18,6 @@ using namespace fixture;
 
 namespace {
 
-QByteArray fileBytes(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 // What Read gives back for a text written to a chapter.
 QString section(const QString &text)
 {
@@ -104,7 +98,7 @@ private slots:
         const QString path = freshFolder() + QStringLiteral("/oldtest/GENESIS");
         writeFile(path + QStringLiteral(".dat"), before);
         QCOMPARE(ChapterSection::Rewrite(path, chapter, text), QString());
-        QCOMPARE(fileBytes(path + QStringLiteral(".dat")), after);
+        QCOMPARE(readFile(path + QStringLiteral(".dat")), after);
         QCOMPARE(ChapterSection::Read(path, chapter), section(text));
         QVERIFY(!QFile::exists(path + QStringLiteral(".temp")));
     }
@@ -117,7 +111,7 @@ private slots:
         for (const int chapter : {5, 2, 9})
             QCOMPARE(ChapterSection::Rewrite(path, chapter, QString(QChar(u'a' + chapter - 1))),
                      QString());
-        QCOMPARE(fileBytes(folder + QStringLiteral("/Notes/OldTest/GENESIS.dat")),
+        QCOMPARE(readFile(folder + QStringLiteral("/Notes/OldTest/GENESIS.dat")),
                  QByteArray("CHAPTER 2\r\nb\r\nCHAPTER 5\r\ne\r\nCHAPTER 9\r\ni\r\n"));
         QVERIFY(!QFileInfo::exists(folder + QStringLiteral("/notes")));
     }
@@ -152,7 +146,7 @@ private slots:
         QVERIFY(!reason.isEmpty());
         if (obstacle == u"read-only")
             QVERIFY2(reason.contains(QStringLiteral("ermission")), qPrintable(reason));
-        QCOMPARE(fileBytes(obstacle == u"folder" ? folder : path + QStringLiteral(".dat")), old);
+        QCOMPARE(readFile(obstacle == u"folder" ? folder : path + QStringLiteral(".dat")), old);
         if (obstacle != u".temp")
             QVERIFY(!QFileInfo::exists(path + QStringLiteral(".temp")));
     }
@@ -305,7 +299,7 @@ private slots:
         if (translation == u"ENG" && !commentary.isEmpty()) {
             QCOMPARE(store.Standard(), QStringLiteral("EXODUS 2"));
             const QString file = folder + QStringLiteral("/tvc/oldtest/EXODUS.dat");
-            const QByteArray bytes = fileBytes(file);
+            const QByteArray bytes = readFile(file);
             QFile::remove(file);
             m_answers.clear();
             QCOMPARE(store.ViewText(bible, chapter),

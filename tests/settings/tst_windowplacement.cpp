@@ -17,11 +17,6 @@ class TestWindowPlacement : public QObject
 
     QTemporaryDir m_dir;
 
-    QByteArray iniBytes() const
-    {
-        QFile file(m_dir.filePath(QStringLiteral("window.ini")));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
     void useIni(const QByteArray &text, bool remember)
     {
         fixture::writeFile(m_dir.filePath(QStringLiteral("window.ini")), text);
@@ -51,7 +46,7 @@ private slots:
         QTRY_COMPARE(window.frameGeometry(), QRect(100, 80, 602, 425));
         window.close();
         QCOMPARE(
-            iniBytes(),
+            fixture::readFile(m_dir.filePath(QStringLiteral("window.ini"))),
             "[main]\r\nwindowstate=0\r\nleft=1500\r\ntop=1200\r\nwidth=9030\r\nheight=6375\r\n");
     }
 
@@ -104,7 +99,7 @@ private slots:
             window.close();
         }
         // Saved under "left" (the store finds it under "Left"), every value as it was.
-        QCOMPARE(iniBytes(), ini);
+        QCOMPARE(fixture::readFile(m_dir.filePath(QStringLiteral("window.ini"))), ini);
     }
 
     void rememberedOnlyWhenAsked()
@@ -135,29 +130,6 @@ private slots:
         QCOMPARE(ini.Data(QStringLiteral("tool"), QStringLiteral("left")), 900);
         QCOMPARE(ini.Data(QStringLiteral("tool"), QStringLiteral("top")), 1200);
         QCOMPARE(ini.Data(QStringLiteral("tool"), QStringLiteral("tab")), 0);
-    }
-
-    void maximisedKeepsNormalPlacement()
-    {
-        useIni("[main]\r\nwindowstate=2\r\nleft=1500\r\ntop=1500\r\nwidth=6000\r\nheight=4500\r\n",
-               true);
-        QWidget window;
-        WindowPlacement placement(&window, QStringLiteral("main"),
-                                  WindowPlacement::Position | WindowPlacement::Size |
-                                      WindowPlacement::State);
-        placement.restore();
-        QVERIFY(window.windowState() & Qt::WindowMaximized);
-        // Restoring the window gives the normal placement of the last normal close.
-        const QRect normal = window.normalGeometry();
-        QCOMPARE(normal.topLeft(), QPoint(100, 100));
-        QVERIFY(normal.width() <= 400 && normal.width() > 380);
-        QVERIFY(normal.height() <= 300 && normal.height() > 260);
-
-        window.setWindowState(Qt::WindowMaximized);
-        placement.save();
-        clsIni &ini = ProgramSettings::instance().Ini();
-        QCOMPARE(ini.Data(QStringLiteral("main"), QStringLiteral("windowstate")), 2);
-        QCOMPARE(ini.Data(QStringLiteral("main"), QStringLiteral("width")), 6000);
     }
 };
 

@@ -3,12 +3,18 @@
 // Opens the program on a test's program folder the way main() does, and owns what it opened: the
 // start-up window and the main window are closed and deleted when the harness goes out of scope,
 // even when a check failed half-way, and the next test starts from nothing.
+#include "Controls.h"
 #include "TranslationFixture.h"
 #include "app/frmLoadVersion.h"
 #include "app/frmMain.h"
 #include "platform/MsgBoxAnswerer.h"
+#include "platform/RichTextBox.h"
 #include "settings/ProgramSettings.h"
 
+#include <QAction>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
 #include <QPointer>
 #include <QString>
 #include <QTest>
@@ -60,11 +66,31 @@ public:
     template <typename T> T *control(const char *name) const
     {
         T *found = m_main ? m_main->findChild<T *>(QLatin1String(name)) : nullptr;
-        if (!found && m_chooser)
-            found = m_chooser->findChild<T *>(QLatin1String(name));
-        if (!found)
-            qFatal("no control named %s", name);
-        return found;
+        return found ? found : support::control<T>(m_chooser.get(), name);
+    }
+
+    // Types a reference into the reference box and presses Enter, as the reader asks for one.
+    void getReference(const QString &typed) const
+    {
+        auto *box = control<QLineEdit>("txtReference");
+        box->setText(typed);
+        QTest::keyClick(box, Qt::Key_Return);
+    }
+    // The title above the views, and the text of the passage view.
+    QString title() const { return control<QLabel>("lbltitle")->text(); }
+    QString passage() const { return control<platform::RichTextBox>("rtfPassage")->Text(); }
+
+    // Chooses a translation from the Translations menu by its caption; false when it is not
+    // there. Choosing rebuilds the menu, so the entry is looked up afresh each time.
+    bool chooseTranslation(const QString &caption) const
+    {
+        for (QAction *entry : control<QMenu>("mnuTranslations")->actions()) {
+            if (entry->text() == caption) {
+                entry->trigger();
+                return true;
+            }
+        }
+        return false;
     }
 
     // Closes the main window as the user would; the harness forgets it.

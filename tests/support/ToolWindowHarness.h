@@ -1,18 +1,16 @@
 #pragma once
 
 // For tests of the reference windows: the main window as those windows see it, recording what it
-// was asked to do, and a window opened as the main window opens it, closed and gone when the test
-// ends even when a check failed.
+// was asked to do, and the settings the windows read.
+#include "OpenedWindow.h"
 #include "TranslationFixture.h"
 #include "library/MainWindowLink.h"
 #include "scripture/clsBible.h"
 #include "settings/ProgramSettings.h"
+#include "settings/clsIni.h"
 
 #include <QList>
-#include <QListWidget>
-#include <QPointer>
 #include <QStringList>
-#include <QTest>
 
 namespace support {
 
@@ -59,49 +57,12 @@ inline void useSettings(const QString &programFolder, const QByteArray &windowIn
     ProgramSettings::instance().rememberWindows = windowIni.contains("rememberwindowsetting=1");
 }
 
-template <typename Window> class OpenedWindow
+// A number the program folder's "window.ini" holds, -1 when it is not there.
+inline int iniData(const QString &programFolder, const char *section, const char *key)
 {
-public:
-    explicit OpenedWindow(MainWindowLink &main) : OpenedWindow(new Window(main, nullptr)) {}
-    // A window the test made and prepared itself.
-    explicit OpenedWindow(Window *window) : m_window(window)
-    {
-        m_window->show();
-        (void)QTest::qWaitForWindowExposed(m_window);
-    }
-    ~OpenedWindow() { close(); }
-    OpenedWindow(const OpenedWindow &) = delete;
-    OpenedWindow &operator=(const OpenedWindow &) = delete;
-
-    void close()
-    {
-        if (m_window) {
-            m_window->close();
-            delete m_window;
-        }
-    }
-    Window *get() const { return m_window; }
-    Window *operator->() const { return m_window; }
-
-    // A control by its object name; a test that asks for one that is not there stops at once.
-    template <typename T> T *control(const char *name) const
-    {
-        T *found = m_window->template findChild<T *>(QLatin1String(name));
-        if (!found)
-            qFatal("no control named %s", name);
-        return found;
-    }
-    QStringList entries(const char *name) const
-    {
-        QStringList list;
-        auto *box = control<QListWidget>(name);
-        for (int i = 0; i < box->count(); ++i)
-            list << box->item(i)->text();
-        return list;
-    }
-
-private:
-    QPointer<Window> m_window;
-};
+    clsIni ini;
+    ini.Create(programFolder + QStringLiteral("/window.ini"));
+    return ini.Data(QLatin1String(section), QLatin1String(key));
+}
 
 } // namespace support

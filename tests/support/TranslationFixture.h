@@ -26,6 +26,13 @@ inline void writeFile(const QString &path, const QByteArray &bytes)
         file.write(bytes);
 }
 
+// The bytes of a file, or nothing when it cannot be read.
+inline QByteArray readFile(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 inline QByteArray crlf(const QStringList &lines)
 {
     QByteArray out;

@@ -1,4 +1,5 @@
 // The command-line front end as scripts use it: its output bytes, exit statuses and defaults.
+#include "../support/SettingsBytes.h"
 #include "../support/TranslationFixture.h"
 
 #include <QDir>
@@ -7,33 +8,6 @@
 #include <QTest>
 
 using namespace fixture;
-
-namespace {
-
-QByteArray readFile(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-// Little-endian integers, as the binary settings records hold them.
-QByteArray le(quint32 value, int size = 4)
-{
-    QByteArray bytes;
-    for (int i = 0; i < size; ++i)
-        bytes += char((value >> (8 * i)) & 0xFF);
-    return bytes;
-}
-
-// One display area of "display.cfg": colours, a 32-character font name, size, bold, italic.
-QByteArray style(quint32 back, quint32 fore, const QByteArray &font, int size, bool bold,
-                 bool italic)
-{
-    return le(back) + le(fore) + font.leftJustified(32, ' ') + le(quint32(size)) +
-           le(bold ? 0xFFFF : 0, 2) + le(italic ? 0xFFFF : 0, 2);
-}
-
-} // namespace
 
 class TestCli : public QObject
 {
@@ -274,9 +248,10 @@ private slots:
         writeFile(m_dir.path() + QStringLiteral("/general.cfg"), le(0, 2) + le(1200, 2));
         // A system colour without a name (25) is shown as stored.
         writeFile(m_dir.path() + QStringLiteral("/display.cfg"),
-                  style(0x80000005, 0x0000FF, "DejaVu Sans", 10, false, true) +
-                      style(0x80000019, 0, "Times New Roman", 12, false, false) +
-                      style(0x8000000F, 0x80000012, "Arial", 12, true, false) + le(0x00123456));
+                  styleBytes(qint32(0x80000005), 0x0000FF, "DejaVu Sans", 10, 0, -1) +
+                      styleBytes(qint32(0x80000019), 0, "Times New Roman", 12, 0, 0) +
+                      styleBytes(qint32(0x8000000F), qint32(0x80000012), "Arial", 12, -1, 0) +
+                      le(0x00123456));
         r = cli({QStringLiteral("settings")});
         QCOMPARE(r.err, QByteArray());
         QCOMPARE(

@@ -1,8 +1,7 @@
 // The installed modules as their .conf files describe them, read without the SWORD library.
+#include "../support/TranslationFixture.h"
 #include "tools/modules/ModuleConfig.h"
 
-#include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -63,10 +62,7 @@ private slots:
         QTemporaryDir dir;
         const auto write = [&](const QString &library, const QString &file,
                                const QByteArray &text) {
-            QDir().mkpath(dir.filePath(library + QStringLiteral("/mods.d")));
-            QFile f(dir.filePath(library + QStringLiteral("/mods.d/") + file));
-            QVERIFY(f.open(QIODevice::WriteOnly));
-            f.write(text);
+            fixture::writeFile(dir.filePath(library + QStringLiteral("/mods.d/") + file), text);
         };
         write(QStringLiteral("home"), QStringLiteral("kjv.conf"),
               "[KJV]\nModDrv=zText\nDescription=Mine\n");

@@ -11,10 +11,8 @@
 
 namespace cli {
 
-namespace {
-
 // A translation folder named inside the program folder, or by its own path.
-std::unique_ptr<clsBible> openTranslation(const QString &programFolder, const QString &name)
+std::unique_ptr<clsBible> OpenTranslation(const QString &programFolder, const QString &name)
 {
     const QString path =
         QDir::isAbsolutePath(name) ? name : basStrings::JoinPath(programFolder, name);
@@ -29,8 +27,6 @@ std::unique_ptr<clsBible> openTranslation(const QString &programFolder, const QS
     return bible->LastReadFailed() ? nullptr : std::move(bible);
 }
 
-} // namespace
-
 int MapCommand(const QString &programFolder, const QStringList &args)
 {
     if (args.size() < 3 || args.first() != u"--translations")
@@ -38,8 +34,8 @@ int MapCommand(const QString &programFolder, const QStringList &args)
     const QStringList names = args.at(1).split(u',');
     if (names.size() != 2)
         return Usage;
-    const std::unique_ptr<clsBible> from = openTranslation(programFolder, names.first().trimmed());
-    const std::unique_ptr<clsBible> to = openTranslation(programFolder, names.last().trimmed());
+    const std::unique_ptr<clsBible> from = OpenTranslation(programFolder, names.first().trimmed());
+    const std::unique_ptr<clsBible> to = OpenTranslation(programFolder, names.last().trimmed());
     if (!from || !to)
         return NoInput;
     const VerseMapping mapping = VerseMapping::Between(*from, *to);

@@ -1,9 +1,16 @@
 #pragma once
 
+#include "scripture/clsBible.h"
+
 #include <QString>
 #include <QStringList>
+#include <memory>
 
 namespace cli {
+
+// A translation folder named inside the program folder, or by its own path; nothing, with a
+// message, when it is not a translation or its book maps cannot be read.
+std::unique_ptr<clsBible> OpenTranslation(const QString &programFolder, const QString &name);
 
 // "map --translations FROM,TO REFERENCE...": each reference, read in FROM's verse numbering, in
 // TO's numbering and standard form ("PSALMS 10:1"), one a line. A reference whose book FROM lacks

@@ -4,6 +4,7 @@
 #include "CliOutput.h"
 #include "MapCommand.h"
 #include "ModulesCommand.h"
+#include "ParallelCommand.h"
 #include "QueryCommand.h"
 #include "ReferenceCommand.h"
 #include "SettingsCommand.h"
@@ -83,6 +84,7 @@ int usage()
         "  modules [--sword DIR]             the installed SWORD modules: name, type, language, "
         "versification\n"
         "  map --translations FROM,TO REFERENCE...  references in FROM's verse numbering in TO's\n"
+        "  parallel --translations A,B[,C,D] REFERENCE  the passage side by side, verse by verse\n"
         "PROGRAM_FOLDER defaults to $QUILLSTONE_DIR, else the folder of this program."));
     return Usage;
 }
@@ -366,6 +368,8 @@ int main(int argc, char **argv)
     }
     if (command == u"prophecy")
         return args.size() == 1 ? ProphecyCommand(folder, args.first()) : usage();
+    if (command == u"parallel")
+        return ParallelCommand(folder, args);
     if (command == u"modules" || command == u"map") {
         const int status = command == u"modules" ? ModulesCommand(args) : MapCommand(folder, args);
         return status == Usage ? usage() : status;

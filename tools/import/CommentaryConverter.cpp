@@ -85,14 +85,7 @@ QStringList CommentaryConverter::paragraphs(std::string_view osis)
         if (t == MarkupReader::Token::Start && name == "reference") {
             const QStringList refs =
                 m_versification.references(QString::fromStdString(reader.attribute("osisRef")));
-            QString shown;
-            for (MarkupReader::Token r = reader.next();
-                 r != MarkupReader::Token::Finished &&
-                 !(r == MarkupReader::Token::End && reader.name() == "reference");
-                 r = reader.next()) {
-                if (r == MarkupReader::Token::Text)
-                    shown += QString::fromUtf8(reader.text());
-            }
+            const QString shown = reader.elementText();
             if (!refs.isEmpty()) {
                 current += refs.join(QStringLiteral(", "));
                 m_log.count(m_work, QStringLiteral("references written in full"));

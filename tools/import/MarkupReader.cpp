@@ -227,4 +227,16 @@ void MarkupReader::skipElement()
     }
 }
 
+QString MarkupReader::elementText()
+{
+    const std::string outer(m_name);
+    QString text;
+    for (Token t = next(); t != Token::Finished && !(t == Token::End && m_name == outer);
+         t = next()) {
+        if (t == Token::Text)
+            text += QString::fromUtf8(m_text);
+    }
+    return text;
+}
+
 } // namespace importer

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 #include <string>
 #include <string_view>
 
@@ -34,6 +36,8 @@ public:
 
     // Skips to the end of the element whose Start token was just read, nested ones included.
     void skipElement();
+    // The text inside the element just started, up to its end tag, its inner markup dropped.
+    QString elementText();
 
     static std::string decodeEntities(std::string_view raw);
 

@@ -89,7 +89,7 @@ int ImportModule(const ModuleImportRequest &request, QTextStream &out, QTextStre
         return status;
     };
 
-    // 1. The module, as its configuration file describes it.
+    // The module, as its configuration file describes it.
     const std::optional<ModuleConfig> config = FindModule(request.libraries, request.module);
     if (!config)
         return fail(
@@ -110,14 +110,14 @@ int ImportModule(const ModuleImportRequest &request, QTextStream &out, QTextStre
     if (!isPlainFolderName(folderName))
         return fail(CannotWrite, QStringLiteral("\"%1\" is not a folder name").arg(folderName));
 
-    // 2. Its versification, known to the library, and its numbering against the KJV's.
+    // Its versification, known to the library, and its numbering against the KJV's.
     const QString versification = config->Versification();
     if (!IsKnownVersification(versification))
         return fail(NotReadable,
                     QStringLiteral("%1 names a versification the SWORD library does not know: %2")
                         .arg(name, versification));
 
-    // 3. The text, read through a library that holds this module's configuration alone.
+    // The text, read through a library that holds this module's configuration alone.
     QTemporaryDir confs;
     if (!confs.isValid() ||
         !QFile::copy(config->ConfPath(), confs.filePath(QFileInfo(config->ConfPath()).fileName())))
@@ -167,7 +167,7 @@ int ImportModule(const ModuleImportRequest &request, QTextStream &out, QTextStre
                     QStringLiteral("%1 names a versification the SWORD library does not know: %2")
                         .arg(name, versification));
 
-    // 4. The folder, written under a temporary name beside its place, then renamed into place.
+    // The folder, written under a temporary name beside its place, then renamed into place.
     const QString root = QDir(request.programFolder).absolutePath();
     if (!QDir().mkpath(root))
         return fail(CannotWrite, QStringLiteral("cannot create ") + root);

@@ -183,19 +183,11 @@ StrongsEntry ParseStrongsEntry(std::string_view tei, QChar language)
         }
         if (t == MarkupReader::Token::Start && name == "ref") {
             const std::string target = reader.attribute("target");
-            QString shown;
-            for (MarkupReader::Token r = reader.next();
-                 r != MarkupReader::Token::Finished &&
-                 !(r == MarkupReader::Token::End && reader.name() == "ref");
-                 r = reader.next()) {
-                if (r == MarkupReader::Token::Text)
-                    shown += QString::fromUtf8(reader.text());
-            }
-            QString text = shown;
+            QString text = reader.elementText();
             if (hebrew && target.rfind("StrongsHebrew:", 0) == 0)
                 text = targetNumber(target);
             else if (!target.empty())
-                text = shownNumber(shown);
+                text = shownNumber(text);
             definition += text;
             segment += text;
             continue;

@@ -17,18 +17,12 @@
 
 namespace {
 
-QByteArray fileBytes(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 // A file read into a record and written back as it stands is unchanged: a record that was read
 // gives back its bytes, and a missing one (a short file) is replaced by the defaults.
 template <typename Record>
 void checkRoundTrip(const QString &path, const QByteArray &before, const Record &record)
 {
-    const QByteArray after = fileBytes(path);
+    const QByteArray after = fuzz::read(path);
     const QByteArray wanted =
         before.size() >= Record::RecordLength ? before : Record::Defaults().toBytes();
     if (after != wanted || record.toBytes().size() != Record::RecordLength) {

@@ -16,31 +16,20 @@
 #include <QWidget>
 
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 
 namespace {
 
 const QString kSection = QStringLiteral("main");
 const QSize kMinimum(200, 150);
 
-// Stops the fuzzer with the line of the broken promise.
-#define check(condition)                                                                           \
-    do {                                                                                           \
-        if (!(condition)) {                                                                        \
-            std::fprintf(stderr, "fuzz_windowplacement.cpp:%d: %s\n", __LINE__, #condition);       \
-            std::abort();                                                                          \
-        }                                                                                          \
-    } while (false)
-
 void checkFitted(const QRect &outer, const QRect &available)
 {
     const QRect fitted = WindowPlacement::FitOnScreen(outer, available, kMinimum);
-    check(fitted.width() >= kMinimum.width() && fitted.height() >= kMinimum.height());
-    check(available.contains(fitted));
+    FUZZ_CHECK(fitted.width() >= kMinimum.width() && fitted.height() >= kMinimum.height());
+    FUZZ_CHECK(available.contains(fitted));
     if (available.contains(outer) && outer.width() >= kMinimum.width() &&
         outer.height() >= kMinimum.height())
-        check(fitted == outer);
+        FUZZ_CHECK(fitted == outer);
 }
 
 // The placement keys of the section; a missing one reads as -1.
@@ -97,22 +86,22 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     placement.restore();
     const bool restored = settings.rememberWindows && (state == 0 || state == 2);
     if (restored && !window.isMaximized())
-        check(screen.contains(window.frameGeometry()));
+        FUZZ_CHECK(screen.contains(window.frameGeometry()));
 
     placement.save();
     const QList<int> after = readPlacement(ini);
     if (window.isMaximized()) {
         // A maximised window keeps its last normal placement.
-        check(after == before);
+        FUZZ_CHECK(after == before);
         return 0;
     }
     const QRect now = window.frameGeometry();
     const int pixels[] = {now.left(), now.top(), now.width(), now.height()};
     for (int i = 0; i < 4; ++i) {
         const int perPixel = i % 2 == 0 ? tx : ty;
-        check(after[i] / perPixel == pixels[i]);
+        FUZZ_CHECK(after[i] / perPixel == pixels[i]);
         if (restored && before[i] / perPixel == pixels[i])
-            check(after[i] == before[i]);
+            FUZZ_CHECK(after[i] == before[i]);
     }
     return 0;
 }

@@ -1,5 +1,6 @@
 // The importer's conversions from module markup to the program's formats, on small pieces of
 // markup shaped like the modules' own, faults included.
+#include "../../support/TranslationFixture.h"
 #include "tools/import/BookFolder.h"
 #include "tools/import/CommentaryConverter.h"
 #include "tools/import/ImportLog.h"
@@ -294,15 +295,14 @@ private slots:
                         {QStringLiteral("Juan"), 1, {{QStringLiteral("1 Ἐν ἀρχῇ")}}}};
         ImportLog log;
         QVERIFY(folder.write(dir.path(), log, QStringLiteral("RV1909")));
-        QFile map(dir.filePath(QStringLiteral("oldtest/map.dat")));
-        QVERIFY(map.open(QIODevice::ReadOnly));
-        QCOMPARE(map.readAll(), QByteArray("\"G\xe9nesis\",2\r\n")); // fits Windows-1252
-        QFile genesis(dir.filePath(QStringLiteral("oldtest/GÉNESIS.dat")));
-        QVERIFY(genesis.open(QIODevice::ReadOnly));
-        QCOMPARE(genesis.readAll(), QByteArray("CHAPTER 1\r\n1 En el principio\r\nCHAPTER 2\r\n"));
-        QFile john(dir.filePath(QStringLiteral("newtest/JUAN.dat")));
-        QVERIFY(john.open(QIODevice::ReadOnly));
-        QCOMPARE(QString::fromUtf8(john.readAll()), QStringLiteral("CHAPTER 1\r\n1 Ἐν ἀρχῇ\r\n"));
+        // A book name that fits Windows-1252 is written in it.
+        QCOMPARE(fixture::readFile(dir.filePath(QStringLiteral("oldtest/map.dat"))),
+                 QByteArray("\"G\xe9nesis\",2\r\n"));
+        QCOMPARE(fixture::readFile(dir.filePath(QStringLiteral("oldtest/GÉNESIS.dat"))),
+                 QByteArray("CHAPTER 1\r\n1 En el principio\r\nCHAPTER 2\r\n"));
+        QCOMPARE(
+            QString::fromUtf8(fixture::readFile(dir.filePath(QStringLiteral("newtest/JUAN.dat")))),
+            QStringLiteral("CHAPTER 1\r\n1 Ἐν ἀρχῇ\r\n"));
     }
 };
 

@@ -1,4 +1,4 @@
-#include "platform/frmAbout.h"
+#include "app/frmAbout.h"
 
 #include "platform/CShell.h"
 #include "platform/FileSystem.h"

@@ -5,7 +5,8 @@ set -eu
 PACKAGES="build-essential cmake ninja-build pkgconf qt6-base-dev fonts-dejavu-core fonts-liberation2
 libbenchmark-dev libsword-dev libsword-utils python3-sword sword-text-kjv sword-text-web sword-text-sparv sword-comm-mhcc
 sword-dict-naves sword-dict-strongs-hebrew sword-dict-strongs-greek
-xvfb xauth openbox xdotool poppler-utils qt6-l10n-tools clang-format desktop-file-utils appstream $*"
+xvfb xauth openbox xdotool poppler-utils qt6-l10n-tools clang-format desktop-file-utils appstream
+hyperfine $*"
 
 missing=""
 for p in $PACKAGES; do

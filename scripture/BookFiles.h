@@ -39,8 +39,9 @@ public:
             // just as in its upper-cased text.
             bool foldable = true;
         };
-        QByteArray bytes;  // the file as stored
-        QList<Span> lines; // split at CR LF, LF or CR, as the text of the file is
+        QByteArray bytes; // the file as stored (in memory, or mapped: see MappedFile)
+        std::shared_ptr<const void> mapping; // keeps a mapped file's memory while it is used
+        QList<Span> lines;                   // split at CR LF, LF or CR, as the text of the file is
 
         // The line as text, and upper-cased as the searches compare it; the upper-cased text of
         // a line that is not plain ASCII is kept once made.

@@ -7,7 +7,12 @@
 #include "scripture/basStrings.h"
 #include "scripture/clsBible.h"
 
+#include <bit>
 #include <string_view>
+
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
 
 namespace {
 bool isLetter(QChar c)
@@ -54,18 +59,9 @@ char16_t unit(QStringView text, qsizetype i)
 {
     return text[i].unicode();
 }
-char16_t unit(std::string_view text, qsizetype i)
-{
-    return static_cast<unsigned char>(text[size_t(i)]);
-}
 qsizetype indexOf(QStringView text, char16_t key, qsizetype from)
 {
     return text.indexOf(QChar(key), from);
-}
-qsizetype indexOf(std::string_view text, char16_t key, qsizetype from)
-{
-    const size_t at = text.find(char(key), size_t(from));
-    return at == std::string_view::npos ? -1 : qsizetype(at);
 }
 // A line of plain ASCII read as its upper-cased self, without making the upper-cased copy.
 struct FoldedAscii
@@ -80,17 +76,6 @@ char16_t upperAscii(char c)
 char16_t unit(FoldedAscii text, qsizetype i)
 {
     return upperAscii(text.raw[size_t(i)]);
-}
-qsizetype indexOf(FoldedAscii text, char16_t key, qsizetype from)
-{
-    // A capital letter is found as itself or as its small letter, whichever comes first.
-    const qsizetype upper = indexOf(text.raw, key, from);
-    if (key < u'A' || key > u'Z')
-        return upper;
-    const qsizetype lower =
-        indexOf(std::string_view(upper < 0 ? text.raw : text.raw.substr(0, size_t(upper))),
-                char16_t(key + 32), from);
-    return lower >= 0 ? lower : upper;
 }
 bool sameAt(FoldedAscii line, qsizetype start, std::string_view word)
 {
@@ -144,6 +129,52 @@ template <typename Line, typename Word> qsizetype findWord(Line line, Word word,
         if (sameAt(line, start, word))
             return start;
         from = start + 1;
+    }
+    return -1;
+}
+
+// A plain ASCII line read as capitals: sixteen places at a time, those where the word's first and
+// last characters stand (a letter in either case) are compared in full. The search for the rarest
+// character stops at every one of them, in both cases; the pair seldom stands at the right
+// distance, so a line is read about once.
+qsizetype findWord(FoldedAscii line, std::string_view word, qsizetype from)
+{
+    const qsizetype size = line.size();
+    const qsizetype n = qsizetype(word.size());
+    if (n == 0)
+        return from <= size ? from : -1;
+    if (n > size - from)
+        return -1;
+    const qsizetype last = size - n;
+    const char *text = line.raw.data();
+    const auto letter = [](char c) { return c >= 'A' && c <= 'Z'; };
+    const char first = word.front();
+    const char end = word.back();
+#ifdef __SSE2__
+    // A capital and its small letter differ in the bit 0x20 alone: with the bit set on both sides
+    // the letter is found in either case, and nothing else is (the word is upper-cased).
+    const __m128i firstBit = _mm_set1_epi8(letter(first) ? 0x20 : 0);
+    const __m128i endBit = _mm_set1_epi8(letter(end) ? 0x20 : 0);
+    const __m128i firstChar = _mm_set1_epi8(char(first | (letter(first) ? 0x20 : 0)));
+    const __m128i endChar = _mm_set1_epi8(char(end | (letter(end) ? 0x20 : 0)));
+    for (; from + 16 <= last + 1; from += 16) {
+        const __m128i a = _mm_loadu_si128(reinterpret_cast<const __m128i *>(text + from));
+        const __m128i b = _mm_loadu_si128(reinterpret_cast<const __m128i *>(text + from + n - 1));
+        unsigned mask = unsigned(
+            _mm_movemask_epi8(_mm_and_si128(_mm_cmpeq_epi8(_mm_or_si128(a, firstBit), firstChar),
+                                            _mm_cmpeq_epi8(_mm_or_si128(b, endBit), endChar))));
+        while (mask) {
+            const qsizetype at = from + std::countr_zero(mask);
+            if (sameAt(line, at, word))
+                return at;
+            mask &= mask - 1;
+        }
+    }
+#endif
+    for (; from <= last; ++from) {
+        if (upperAscii(text[from]) == char16_t(static_cast<unsigned char>(first)) &&
+            sameAt(line, from, word))
+            return from;
     }
     return -1;
 }

@@ -134,10 +134,10 @@ QString strongNumber(QStringView piece)
 
 // The shown text of a line (see FoldedVerses) and its Strong's numbers, blank-separated.
 template <typename Unit>
-void splitLine(const Unit *line, qsizetype n, Writer &shown, QString &strongs)
+void splitLine(const Unit *line, qsizetype n, Writer &shown, QString &strongs, bool numbered = true)
 {
     qsizetype i = 0;
-    while (i < n && isDigit(char16_t(line[i])))
+    while (numbered && i < n && isDigit(char16_t(line[i])))
         ++i;
     if (i > 0 && i < n && line[i] == Unit(' '))
         ++i;
@@ -266,7 +266,7 @@ qsizetype FoldedVerses::VerseAtStrongs(qsizetype position) const
            strongStarts.cbegin() - 1;
 }
 
-void FoldedVerses::append(const Verse &verse, QStringView line)
+void FoldedVerses::append(const Verse &verse, QStringView line, bool numbered)
 {
     verses.append(verse);
     shownStarts.append(shown.size());
@@ -274,7 +274,7 @@ void FoldedVerses::append(const Verse &verse, QStringView line)
     strongStarts.append(strongs.size());
     Writer shownOut(shown);
     const qsizetype from = shownOut.size;
-    splitLine(line.utf16(), line.size(), shownOut, strongs);
+    splitLine(line.utf16(), line.size(), shownOut, strongs, numbered);
     const qsizetype to = shownOut.size;
     shownOut.room(1);
     shownOut.put(u'\n');

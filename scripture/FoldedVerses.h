@@ -63,6 +63,7 @@ public:
         return c.isLetterOrNumber();
     }
 
-    void append(const Verse &verse, QStringView line);
+    // A verse line; without numbered, a text as shown (digits at its start are words).
+    void append(const Verse &verse, QStringView line, bool numbered = true);
     void finish();
 };

@@ -2,6 +2,7 @@
 
 #include "platform/FileSystem.h"
 #include "scripture/FoldedVerses.h"
+#include "scripture/StrongConcordance.h"
 #include "scripture/TranslationList.h"
 #include "scripture/VerseNumbering.h"
 #include "scripture/basStrings.h"
@@ -91,6 +92,12 @@ QuerySearch::Result QuerySearch::run(const SearchQuery &query, const Options &op
     result.translations = int(translations.size());
     if (translations.empty())
         return result;
+    if (query.UsesStrongsNumbers()) {
+        for (const Translation &t : translations) {
+            if (!StrongConcordance::CarriesNumbers(*t.store))
+                result.withoutStrongsNumbers.append(t.name);
+        }
+    }
 
     // The books chosen by the first translation's numbers, found in the others by name.
     const Translation &first = translations.front();

@@ -58,6 +58,9 @@ public:
         int found = 0;        // every verse that matched, listed or not
         int translations = 0; // how many translations were searched
         bool stopped = false; // the progress callback said to stop; hits hold what was found
+        // The translations searched for a Strong's number that carry none (by folder name), so
+        // that an empty list can say why.
+        QStringList withoutStrongsNumbers;
         // What to tell the user when a translation or a book file could not be read; the hits
         // then hold what the others gave.
         QString failureMessage;

@@ -47,6 +47,13 @@ public:
     qsizetype count() const { return m_count; }
     bool test(qsizetype i) const { return (m_words[size_t(i / 64)] >> (i % 64)) & 1; }
     void set(qsizetype i) { m_words[size_t(i / 64)] |= quint64(1) << (i % 64); }
+    qsizetype ones() const
+    {
+        qsizetype n = 0;
+        for (const quint64 w : m_words)
+            n += std::popcount(w);
+        return n;
+    }
     bool any() const
     {
         return std::any_of(m_words.cbegin(), m_words.cend(), [](quint64 w) { return w != 0; });
@@ -206,23 +213,25 @@ std::pair<qsizetype, qsizetype> nextWord(QStringView text, QStringView pattern, 
         const qsizetype at = findLiteral(text, anchor, search);
         if (at < 0)
             return {-1, -1};
+        if (!wild && !wordAt(text, at - 1) && !wordAt(text, at + anchor.size()))
+            return {at, at + anchor.size()};
+        // Any other place of the anchor within the same word is inside that word too: the search
+        // goes on after it.
+        qsizetype end = at + anchor.size();
+        while (wordAt(text, end))
+            ++end;
         if (!wild) {
-            if (!wordAt(text, at - 1) && !wordAt(text, at + anchor.size()))
-                return {at, at + anchor.size()};
-            search = at + 1;
+            search = end;
             continue;
         }
         // The word around the anchor, matched as a whole.
         qsizetype start = at;
         while (start > from && wordAt(text, start - 1))
             --start;
-        qsizetype end = at + anchor.size();
-        while (wordAt(text, end))
-            ++end;
         if (start >= from && !wordAt(text, start - 1) &&
             globMatch(text.mid(start, end - start), pattern))
             return {start, end};
-        search = at + 1;
+        search = end;
     }
 }
 
@@ -275,6 +284,21 @@ Flags evaluate(const Node &node, const FoldedVerses &verses, const Flags &candid
     case Node::Kind::Words: {
         Flags found(count);
         const QStringView text(verses.folded);
+        const auto find = [&](QStringView within, qsizetype from) {
+            return node.words.size() == 1 ? nextWord(within, node.words.first(), from)
+                                          : nextPhrase(within, node.words, from);
+        };
+        // When the terms before left few verses, only those are read.
+        if (candidates.ones() * 16 < count) {
+            for (qsizetype v = 0; v < count; ++v) {
+                if (!candidates.test(v))
+                    continue;
+                const qsizetype end = verses.foldedStarts.at(v + 1);
+                if (find(text.first(end), verses.foldedStarts.at(v)).first >= 0)
+                    found.set(v);
+            }
+            return found;
+        }
         qsizetype from = 0;
         while (from < text.size()) {
             const auto [start, end] = node.words.size() == 1
@@ -753,6 +777,14 @@ std::optional<SearchQuery> SearchQuery::Parse(const QString &query, QueryProblem
 bool SearchQuery::Matches(const QString &verse) const
 {
     const FoldedVerses one = FoldedVerses::OfLines({verse});
+    return MatchingVerses(one).front();
+}
+
+bool SearchQuery::MatchesShown(const QString &shownText) const
+{
+    FoldedVerses one;
+    one.append({}, shownText, false);
+    one.finish();
     return MatchingVerses(one).front();
 }
 

@@ -33,8 +33,8 @@ struct QueryProblem
 //   H430 G26 h0430       a Strong's number, found in translations that carry them
 //
 // The verse a query is matched against is its text as shown without its leading verse number;
-// the text as the book file stores it (number, [added words], {H430} numbers) may be given instead
-// and is read the same way. The class keeps no state between calls and is cheap to copy.
+// the text as the book file stores it (number, [added words], {H430} numbers) is read so. The class
+// keeps no state between calls and is cheap to copy.
 class SearchQuery
 {
 public:
@@ -43,8 +43,12 @@ public:
     // a bad regular expression, a term with nothing to look for).
     static std::optional<SearchQuery> Parse(const QString &query, QueryProblem *problem = nullptr);
 
-    // Whether a verse matches: its text as shown, or its line as stored.
+    // Whether a verse matches: its line as stored, or its text as shown when that does not begin
+    // with a number (a leading number is taken for the verse number).
     bool Matches(const QString &verse) const;
+    // Whether a text as shown matches (a QueryHit's text, for a search within results): every
+    // character is the verse's own.
+    bool MatchesShown(const QString &shownText) const;
 
     // The spans (start, length) of the displayed text that the query's words, phrases, regular
     // expressions found, for highlighting, in order and not overlapping. Excluded terms are not

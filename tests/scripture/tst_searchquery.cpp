@@ -131,6 +131,10 @@ private slots:
         QCOMPARE(excluded->Highlights(shown), (QList<std::pair<int, int>>{{23, 3}}));
         QCOMPARE(SearchQuery::DisplayedText(u"3 In{G1722} [the] beginning"),
                  QStringLiteral("In the beginning"));
+        // A text as shown keeps a number at its start; a stored line does not.
+        const auto number = SearchQuery::Parse(QStringLiteral("144"));
+        QVERIFY(number->MatchesShown(QStringLiteral("144 thousand were sealed")));
+        QVERIFY(!number->Matches(QStringLiteral("144 thousand were sealed")));
     }
 
     // Two translations, books chosen, the limit, interleaving by reference, and a book file that
@@ -194,6 +198,40 @@ private slots:
         QCOMPARE(result.found, 2);
         QVERIFY2(result.failureMessage.contains(QStringLiteral("JOHN.dat"), Qt::CaseInsensitive),
                  qPrintable(result.failureMessage));
+    }
+
+    // A book file that shrinks on disk while the program holds it, as when another program rewrites
+    // it: reading what is held never crashes, and the next search reads the new file.
+    void shrinkingFile()
+    {
+        QTemporaryDir dir;
+        QStringList lines{"CHAPTER 1"};
+        for (int v = 1; v <= 2000; ++v)
+            lines << QStringLiteral("%1 And the light was good, verse %1.").arg(v);
+        makeTranslation(dir.path(), QStringLiteral("BIG"),
+                        {{QStringLiteral("Genesis"), false, lines}});
+        const QString book = dir.path() + QStringLiteral("/BIG/oldtest/GENESIS.dat");
+        const std::shared_ptr<const BookFiles::Bytes> held = BookFiles::bytes(book);
+        QVERIFY(held);
+        QCOMPARE(held->lines.size(), 2001);
+        QuerySearch::Options options;
+        options.translations = {dir.path() + QStringLiteral("/BIG")};
+        QuerySearch search;
+        const auto query = *SearchQuery::Parse(QStringLiteral("\"verse 2000\""));
+        QCOMPARE(search.run(query, options).found, 1);
+
+        QFile file(book);
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        QVERIFY(file.resize(0));
+        file.write("CHAPTER 1\r\n1 short\r\n");
+        file.close();
+        // Whatever the held copy shows now, reading all of it is safe.
+        qsizetype characters = 0;
+        for (qsizetype i = 0; i < held->lines.size(); ++i)
+            characters += held->Text(i).size();
+        QVERIFY(characters > 0);
+        QCOMPARE(search.run(query, options).found, 0);
+        QCOMPARE(search.run(*SearchQuery::Parse(QStringLiteral("short")), options).found, 1);
     }
 };
 

@@ -71,6 +71,12 @@ private slots:
         QCOMPARE(r.status, 0);
         QCOMPARE(r.out, QStringLiteral("0 verses\n"));
         QVERIFY2(r.err.contains(QStringLiteral("first 0 of 1")), qPrintable(r.err));
+        // A number looked for where there are none is not a silent empty list.
+        r = cli(query({QStringLiteral("--translations"), QStringLiteral("BBB")},
+                      QStringLiteral("G26")));
+        QCOMPARE(r.out, QStringLiteral("0 verses\n"));
+        QVERIFY2(r.err.contains(QStringLiteral("BBB carries no Strong's numbers")),
+                 qPrintable(r.err));
     }
 
     void csv()

@@ -122,6 +122,10 @@ int QueryCommand(const QString &programFolder, const QString &translationPath, Q
                           : QStringLiteral("%1 verses\n").arg(result.hits.size());
     }
     out(output);
+    if (!result.withoutStrongsNumbers.isEmpty())
+        err(QStringLiteral("%1 carries no Strong's numbers: the query's numbers are not found "
+                           "there.")
+                .arg(result.withoutStrongsNumbers.join(QStringLiteral(", "))));
     if (result.found > result.hits.size())
         err(QStringLiteral("Only the first %1 of %2 verses are listed; --limit sets how many.")
                 .arg(result.hits.size())

@@ -17,7 +17,7 @@ class frmAbout : public QDialog
 
 public:
     static QString SupportMail() { return QStringLiteral("support@quillstone.example.org"); }
-    static QString WebSite() { return QStringLiteral("https://quillstone.example.org"); }
+    static QString WebSite() { return QStringLiteral("https://quillstone.example.org/"); }
 
     // creditsPath names the credits file, normally CREDITS.md in the program folder.
     explicit frmAbout(const QString &creditsPath, QWidget *parent = nullptr);

@@ -153,8 +153,8 @@ void frmMain::connectCommands()
          [&tools] { tools.verseOfDay(WindowSettings::Get(WindowSettings::VerseOfDay)); }},
         {m_menus->mnuToolsSearch, [&tools] { tools.search(); }},
         {m_menus->mnuHelpContents, [] { PassageCommands::OpenHelp(); }},
-        {m_menus->mnuHelpWebSite, [] { PassageCommands::OpenWebSite(WebSite); }},
-        {m_menus->mnuHelpMailingList, [] { PassageCommands::AskMailingList(WebSite); }},
+        {m_menus->mnuHelpWebSite, [] { PassageCommands::OpenWebSite(frmAbout::WebSite()); }},
+        {m_menus->mnuHelpMailingList, [] { PassageCommands::AskMailingList(frmAbout::WebSite()); }},
         {m_menus->mnuHelpAbout,
          [this] { frmAbout(DataFiles::Path(DataFiles::File::Credits), this).exec(); }},
         // A selection is copied as the view copies it; else the word the menu names.
@@ -180,8 +180,7 @@ void frmMain::checkDataFiles()
 {
     // Each optional data file decides whether its feature is offered.
     using DataFiles::File;
-    m_hasCommentary = DataFiles::Exists(File::Commentary);
-    m_study->setCommentaryAvailable(m_hasCommentary);
+    m_study->setCommentaryAvailable(DataFiles::Exists(File::Commentary));
     m_menus->offer(DataFiles::Exists(File::StrongHebrew), DataFiles::Exists(File::Dictionary));
     m_unitsPath = DataFiles::Path(File::Units);
 }

@@ -28,9 +28,6 @@ class frmMain : public QMainWindow, public MainWindowLink
     Q_OBJECT
 
 public:
-    // The program's web site, opened from the Help menu.
-    static inline const QString WebSite = QStringLiteral("https://quillstone.example.org/");
-
     explicit frmMain(QWidget *parent = nullptr);
     ~frmMain() override;
 
@@ -57,8 +54,6 @@ public:
     void InitiateSession();
     void LoadSession();
     void SaveSession();
-    QString UnitsPath() const { return m_unitsPath; }
-    bool HasCommentary() const { return m_hasCommentary; }
 
 signals:
     // The user chose another translation from the menu or the options.
@@ -101,7 +96,6 @@ private:
     QString m_lookupWord;
     QString m_translationFolder;
     QString m_unitsPath;
-    bool m_hasCommentary = false;
     bool m_searching = false;
     bool m_switchingForPlace = false;
     NavigatorPane *m_navigator = nullptr;

@@ -170,7 +170,8 @@ void onBusError(int signal, siginfo_t *info, void *context)
         const std::uintptr_t start = starts[i].load(std::memory_order_acquire);
         if (start != 0 && address >= start && address < ends[i].load(std::memory_order_acquire)) {
             const auto page = std::uintptr_t(sysconf(_SC_PAGESIZE));
-            void *at = reinterpret_cast<void *>(address & ~(page - 1));
+            // The start of the page, reached from the faulting address itself.
+            void *at = static_cast<char *>(info->si_addr) - (address & (page - 1));
             if (mmap(at, page, PROT_READ, MAP_PRIVATE | MAP_ANONYMOUS | MAP_FIXED, -1, 0) !=
                 MAP_FAILED)
                 return;

@@ -344,7 +344,7 @@ private slots:
         QTest::mouseClick(about.findChild<QLabel *>(QStringLiteral("Label4")), Qt::LeftButton);
         QCOMPARE(shellOpens.opened,
                  (QList<QUrl>{QUrl(QStringLiteral("mailto:support@quillstone.example.org")),
-                              QUrl(QStringLiteral("https://quillstone.example.org"))}));
+                              QUrl(QStringLiteral("https://quillstone.example.org/"))}));
         QTest::mouseClick(about.findChild<QPushButton *>(QStringLiteral("cmdOK")), Qt::LeftButton);
         QCOMPARE(about.result(), int(QDialog::Accepted));
         QVERIFY(!about.isVisible());

@@ -39,9 +39,9 @@ int QueryCommand(const QString &programFolder, const QString &translationPath, Q
         if (args.isEmpty())
             return BadArguments;
         const QString value = args.takeFirst();
-        if (option == u"--mode" && value == u"query") {
+        if (option == u"--mode" && value == u"query")
             continue;
-        } else if (option == u"--limit") {
+        if (option == u"--limit") {
             bool ok = false;
             limit = value.toInt(&ok);
             if (!ok || limit < 0)

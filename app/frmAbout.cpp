@@ -151,8 +151,10 @@ void frmAbout::cmdOK_Click()
 
 QIcon frmAbout::AppIcon()
 {
+    // Up to the largest size a window switcher shows: a picture of 256 pixels cost as much to
+    // draw at every start as all the others together, and launchers use the installed SVG.
     QIcon icon;
-    for (const int size : {16, 24, 32, 48, 64, 128, 256})
+    for (const int size : {16, 24, 32, 48, 64, 128})
         icon.addPixmap(DrawLogo(size));
     return icon;
 }

@@ -5,6 +5,8 @@
 #include "platform/TextCodec.h"
 
 #include <QList>
+
+#include <functional>
 #include <optional>
 
 namespace {
@@ -248,15 +250,20 @@ void clsIni::setText(const QString &sSection_, const QString &sKey_, const QStri
     writeValue(sSection_, sKey_, sText_);
 }
 
-bool clsIni::writeValue(const QString &sSection_, const QString &sKey_, const QString &value)
+// A line break inside a value would split it into lines of its own and corrupt the file.
+static QString onOneLine(QString value)
 {
-    // A line break inside a value would split it into lines of its own and corrupt the file.
-    QString oneLine = value;
-    oneLine.replace(u'\r', u' ').replace(u'\n', u' ');
+    return value.replace(u'\r', u' ').replace(u'\n', u' ');
+}
 
+// Reads the file, lets the change edit its lines and writes it back when that changed a byte; the
+// failure to tell the user, if any.
+static QString editIni(const QString &path,
+                       const std::function<void(QList<IniLine> &lines)> &change)
+{
     QString failure;
-    std::optional<IniFile> file = readIni(sFile);
-    if (!file && platform::FileExists(sFile))
+    std::optional<IniFile> file = readIni(path);
+    if (!file && platform::FileExists(path))
         failure = QStringLiteral("The file could not be read.");
     const bool existed = file.has_value();
     if (!file)
@@ -264,7 +271,19 @@ bool clsIni::writeValue(const QString &sSection_, const QString &sKey_, const QS
     const QByteArray before = existed ? iniBytes(*file) : QByteArray();
 
     if (failure.isEmpty()) {
-        QList<IniLine> &lines = file->lines;
+        change(file->lines);
+        // A value written as it already stands changes nothing; the disk is spared a save.
+        const QByteArray after = iniBytes(*file);
+        if (!existed || after != before)
+            failure = platform::WriteFileAtomically(path, after);
+    }
+    return failure;
+}
+
+bool clsIni::writeValue(const QString &sSection_, const QString &sKey_, const QString &value)
+{
+    const QString oneLine = onOneLine(value);
+    return reportFailure(editIni(sFile, [&](QList<IniLine> &lines) {
         const Location at = locate(lines, sSection_, sKey_);
         if (at.key >= 0) {
             // Keep the key as the file spells it.
@@ -283,34 +302,15 @@ bool clsIni::writeValue(const QString &sSection_, const QString &sKey_, const QS
                 lines.append(keyLine);
             }
         }
-        // A value written as it already stands changes nothing; the disk is spared a save.
-        const QByteArray after = iniBytes(*file);
-        if (!existed || after != before)
-            failure = platform::WriteFileAtomically(sFile, after);
-    }
-
-    return reportFailure(failure);
+    }));
 }
 
 void clsIni::setSection(const QString &sSection_, const QList<std::pair<QString, QString>> &values)
 {
-    QString failure;
-    std::optional<IniFile> file = readIni(sFile);
-    if (!file && platform::FileExists(sFile))
-        failure = QStringLiteral("The file could not be read.");
-    const bool existed = file.has_value();
-    if (!file)
-        file.emplace();
-    const QByteArray before = existed ? iniBytes(*file) : QByteArray();
-
-    if (failure.isEmpty()) {
-        QList<IniLine> &lines = file->lines;
+    reportFailure(editIni(sFile, [&](QList<IniLine> &lines) {
         QList<IniLine> keyLines;
-        for (const auto &[key, value] : values) {
-            QString oneLine = value;
-            oneLine.replace(u'\r', u' ').replace(u'\n', u' ');
-            keyLines.append({key + u'=' + oneLine, CrLf});
-        }
+        for (const auto &[key, value] : values)
+            keyLines.append({key + u'=' + onOneLine(value), CrLf});
         qsizetype header = -1;
         for (qsizetype i = 0; i < lines.size(); ++i) {
             const ParsedLine parsed = parseLine(lines.at(i).text);
@@ -339,11 +339,7 @@ void clsIni::setSection(const QString &sSection_, const QList<std::pair<QString,
             for (qsizetype k = 0; k < keyLines.size(); ++k)
                 lines.insert(header + 1 + k, keyLines.at(k));
         }
-        const QByteArray after = iniBytes(*file);
-        if (!existed || after != before)
-            failure = platform::WriteFileAtomically(sFile, after);
-    }
-    reportFailure(failure);
+    }));
 }
 
 bool clsIni::reportFailure(const QString &failure)

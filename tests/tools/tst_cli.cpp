@@ -1,4 +1,5 @@
 // The command-line front end as scripts use it: its output bytes, exit statuses and defaults.
+#include "../support/CliRun.h"
 #include "../support/SettingsBytes.h"
 #include "../support/TranslationFixture.h"
 
@@ -15,22 +16,11 @@ class TestCli : public QObject
 
     QTemporaryDir m_dir;
 
-    struct Run
-    {
-        int status = -1;
-        QByteArray out;
-        QByteArray err;
-    };
+    using Run = support::CliRun;
 
     Run cli(const QStringList &args, const QString &dir = QString())
     {
-        QProcess p;
-        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-        env.insert(QStringLiteral("QUILLSTONE_DIR"), dir.isEmpty() ? m_dir.path() : dir);
-        p.setProcessEnvironment(env);
-        p.start(QStringLiteral(QS_CLI), args);
-        p.waitForFinished(30000);
-        return {p.exitCode(), p.readAllStandardOutput(), p.readAllStandardError()};
+        return support::RunCli(QStringLiteral(QS_CLI), dir.isEmpty() ? m_dir.path() : dir, args);
     }
 
 private slots:

@@ -1,4 +1,5 @@
 // "quillstone-cli parallel" as scripts read it: its exact lines and its exit statuses.
+#include "../support/CliRun.h"
 #include "../support/TranslationFixture.h"
 
 #include <QProcess>
@@ -13,22 +14,12 @@ class TestParallelCli : public QObject
 
     QTemporaryDir m_dir;
 
-    struct Run
-    {
-        int status = -1;
-        QByteArray out;
-        QByteArray err;
-    };
+    using Run = support::CliRun;
 
     Run cli(const QStringList &args)
     {
-        QProcess p;
-        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-        env.insert(QStringLiteral("QUILLSTONE_DIR"), m_dir.path());
-        p.setProcessEnvironment(env);
-        p.start(QStringLiteral(QS_CLI), QStringList{QStringLiteral("parallel")} + args);
-        p.waitForFinished(30000);
-        return {p.exitCode(), p.readAllStandardOutput(), p.readAllStandardError()};
+        return support::RunCli(QStringLiteral(QS_CLI), m_dir.path(),
+                               QStringList{QStringLiteral("parallel")} + args);
     }
 
 private slots:

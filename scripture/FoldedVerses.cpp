@@ -2,6 +2,7 @@
 
 #include "scripture/BookFiles.h"
 #include "scripture/ChapterMarker.h"
+#include "scripture/StrongConcordance.h"
 
 #include <QHash>
 #include <algorithm>
@@ -111,27 +112,6 @@ void upperAscii(const char16_t *from, qsizetype n, char16_t *to)
         to[i] = from[i] >= u'a' && from[i] <= u'z' ? char16_t(from[i] - 32) : from[i];
 }
 
-// "H430" from the text of a Strong's number in any case and with leading zeros; empty when it is
-// not one.
-QString strongNumber(QStringView piece)
-{
-    if (piece.size() < 2)
-        return QString();
-    const char16_t letter = piece.at(0).toUpper().unicode();
-    if (letter != u'H' && letter != u'G')
-        return QString();
-    qsizetype first = 1;
-    while (first < piece.size() - 1 && piece.at(first) == u'0')
-        ++first;
-    for (qsizetype i = first; i < piece.size(); ++i) {
-        if (!isDigit(piece.at(i).unicode()))
-            return QString();
-    }
-    if (piece.at(first) == u'0' || piece.size() - first > 9)
-        return QString();
-    return QChar(letter) + piece.mid(first).toString();
-}
-
 // The shown text of a line (see FoldedVerses) and its Strong's numbers, blank-separated.
 template <typename Unit>
 void splitLine(const Unit *line, qsizetype n, Writer &shown, QString &strongs, bool numbered = true)
@@ -166,7 +146,7 @@ void splitLine(const Unit *line, qsizetype n, Writer &shown, QString &strongs, b
                 QString text(k - piece, Qt::Uninitialized);
                 for (qsizetype p = piece; p < k; ++p)
                     text[p - piece] = QChar(char16_t(line[p]));
-                const QString number = strongNumber(text);
+                const QString number = StrongConcordance::Normalize(text);
                 if (!number.isEmpty()) {
                     if (!strongs.isEmpty() && !strongs.endsWith(u'\n'))
                         strongs += u' ';

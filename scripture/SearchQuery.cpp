@@ -1,6 +1,7 @@
 #include "scripture/SearchQuery.h"
 
 #include "scripture/FoldedVerses.h"
+#include "scripture/StrongConcordance.h"
 
 #include <QRegularExpression>
 #include <algorithm>
@@ -649,7 +650,7 @@ private:
     {
         auto node = std::make_shared<Node>();
         if (token.kind == Token::Kind::Word) {
-            const QString number = strongsNumber(token.text);
+            const QString number = StrongConcordance::Normalize(token.text);
             if (!number.isEmpty()) {
                 node->kind = Node::Kind::Strongs;
                 node->strongs = number;
@@ -682,23 +683,6 @@ private:
                                   .arg(token.position + 1),
                         token.position);
         return node;
-    }
-
-    // "H430" for H430, g26 or h0430; empty for any other word.
-    static QString strongsNumber(const QString &word)
-    {
-        if (word.size() < 2 || !QStringLiteral("HhGg").contains(word.at(0)))
-            return QString();
-        qsizetype first = 1;
-        while (first < word.size() - 1 && word.at(first) == u'0')
-            ++first;
-        for (qsizetype i = first; i < word.size(); ++i) {
-            if (word.at(i) < u'0' || word.at(i) > u'9')
-                return QString();
-        }
-        if (word.at(first) == u'0' || word.size() - first > 9)
-            return QString();
-        return word.at(0).toUpper() + word.mid(first);
     }
 
     const QString &m_query;

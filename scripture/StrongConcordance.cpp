@@ -7,18 +7,26 @@
 
 namespace StrongConcordance {
 
-QString Normalize(const QString &typed)
+QString Normalize(QStringView typed)
 {
-    const QString text = basStrings::UpperCase(basStrings::TrimBlanks(typed).toString());
-    if (text.size() < 2 || (text.at(0) != u'H' && text.at(0) != u'G'))
+    // The query language and the folding of tagged verses read every number through here, so it
+    // makes no copy before it knows the text is a number.
+    const QStringView text = basStrings::TrimBlanks(typed);
+    if (text.size() < 2)
         return QString();
-    qsizetype digits = 1;
-    while (digits < text.size() && basStrings::IsDigit(text.at(digits)))
-        ++digits;
-    if (digits != text.size() || digits - 1 > 9)
+    const char16_t letter = text.at(0).unicode();
+    if (letter != u'H' && letter != u'h' && letter != u'G' && letter != u'g')
         return QString();
-    const int number = text.mid(1).toInt();
-    return number > 0 ? text.at(0) + QString::number(number) : QString();
+    qsizetype first = 1;
+    while (first < text.size() - 1 && text.at(first) == u'0')
+        ++first;
+    for (qsizetype i = first; i < text.size(); ++i) {
+        if (!basStrings::IsDigit(text.at(i)))
+            return QString();
+    }
+    if (text.at(first) == u'0' || text.size() - first > 9)
+        return QString();
+    return QChar(letter == u'h' || letter == u'H' ? u'H' : u'G') + text.mid(first).toString();
 }
 
 bool CarriesNumbers(const clsBible &store)

@@ -15,7 +15,7 @@ namespace StrongConcordance {
 
 // "H430" from what a user types: any case, leading zeros and blanks forgiven ("h0430", " G26 ").
 // Empty when the text is not a letter H or G followed by a number from 1 up.
-QString Normalize(const QString &typed);
+QString Normalize(QStringView typed);
 
 // Whether a translation's text carries Strong's numbers (its first book of each testament is
 // looked at).

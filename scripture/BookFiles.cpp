@@ -17,7 +17,6 @@
 
 #ifdef Q_OS_UNIX
 #include <atomic>
-#include <cerrno>
 #include <csignal>
 #include <fcntl.h>
 #include <sys/mman.h>
@@ -244,8 +243,7 @@ std::optional<QByteArray> mapFile(int fd, qsizetype size, std::shared_ptr<const 
 }
 #endif
 
-// The whole file, mapped or in one read: going through the general reader costs several more
-// looks at each file.
+// The whole file, mapped where that is worth it, else read.
 std::optional<QByteArray> readWhole(const QString &path, std::shared_ptr<const void> &mapping)
 {
 #ifdef Q_OS_UNIX
@@ -257,31 +255,10 @@ std::optional<QByteArray> readWhole(const QString &path, std::shared_ptr<const v
         ::close(fd);
         return std::nullopt;
     }
-    if (std::optional<QByteArray> mapped = mapFile(fd, qsizetype(info.st_size), mapping)) {
-        ::close(fd);
-        return mapped;
-    }
-    // The size is where reading starts; a file that grows or shrinks meanwhile is read to its
-    // end all the same.
-    QByteArray bytes(qsizetype(info.st_size) + 1, Qt::Uninitialized);
-    qsizetype size = 0;
-    for (;;) {
-        if (size == bytes.size())
-            bytes.resize(bytes.size() * 2 + 4096);
-        const ssize_t got = ::read(fd, bytes.data() + size, size_t(bytes.size() - size));
-        if (got < 0 && errno == EINTR)
-            continue;
-        if (got < 0) {
-            ::close(fd);
-            return std::nullopt;
-        }
-        if (got == 0)
-            break;
-        size += got;
-    }
+    std::optional<QByteArray> mapped = mapFile(fd, qsizetype(info.st_size), mapping);
     ::close(fd);
-    bytes.resize(size);
-    return bytes;
+    // A small file, or one that cannot be mapped, is read as every other file is.
+    return mapped ? mapped : platform::ReadFileBytes(path);
 #else
     (void)mapping;
     return platform::ReadFileBytes(path);

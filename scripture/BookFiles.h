@@ -39,7 +39,7 @@ public:
             // just as in its upper-cased text.
             bool foldable = true;
         };
-        QByteArray bytes; // the file as stored (in memory, or mapped: see MappedFile)
+        QByteArray bytes;                    // the file as stored (in memory, or mapped)
         std::shared_ptr<const void> mapping; // keeps a mapped file's memory while it is used
         QList<Span> lines;                   // split at CR LF, LF or CR, as the text of the file is
 

@@ -2,7 +2,6 @@
 // a warm query of each kind, a regular expression, the first search after start (every book file
 // read and folded), Strong's numbers on the KJV with numbers, and all installed translations at
 // once.
-#include "platform/MsgBox.h"
 #include "scripture/BookFiles.h"
 #include "scripture/QuerySearch.h"
 #include "scripture/SearchQuery.h"
@@ -108,13 +107,3 @@ void QueryParse(benchmark::State &state)
 BENCHMARK(QueryParse)->Unit(benchmark::kMicrosecond);
 
 } // namespace
-
-int main(int argc, char **argv)
-{
-    platform::setMsgBoxHandler(
-        [](const QString &, int b, const QString &) { return platform::DefaultAnswer(b); });
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}

@@ -1,7 +1,6 @@
 // Fetching passages, parsing references, formatting and the quick search over a Bible-sized
 // translation; saving and reading notes, and the commentary on a chapter.
 #include "SyntheticBible.h"
-#include "platform/MsgBox.h"
 #include "scripture/AdvancedSearch.h"
 #include "scripture/BookFiles.h"
 #include "scripture/CommentaryStore.h"
@@ -237,13 +236,3 @@ void StrongConcordanceH430(benchmark::State &state)
 BENCHMARK(StrongConcordanceH430)->Unit(benchmark::kMillisecond);
 
 } // namespace
-
-int main(int argc, char **argv)
-{
-    platform::setMsgBoxHandler(
-        [](const QString &, int b, const QString &) { return platform::DefaultAnswer(b); });
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}

@@ -433,22 +433,20 @@ ParallelRows::Result ParallelRows::Build(const QList<const clsBible *> &translat
             ParallelCell &cell = row.cells[member->translation];
             const QString &text = member->text;
             if (cell.isEmpty()) {
-                cell.book = member->place.book;
-                cell.chapterFrom = member->place.chapter;
-                cell.verseFrom = member->place.verse;
+                cell.verses.book = member->place.book;
+                cell.verses.chapterFrom = member->place.chapter;
+                cell.verses.verseFrom = member->place.verse;
                 cell.text = text;
             } else if (!text.isEmpty()) {
                 cell.text += (cell.text.isEmpty() ? QString() : QStringLiteral(" ")) + text;
             }
-            cell.chapterTo = member->place.chapter;
-            cell.verseTo = member->place.verse;
+            cell.verses.chapterTo = member->place.chapter;
+            cell.verses.verseTo = member->place.verse;
         }
         for (qsizetype t = 0; t < count; ++t) {
             ParallelCell &cell = row.cells[t];
             if (!cell.isEmpty())
-                cell.reference =
-                    StandardOf(*translations.at(t), {cell.book, cell.chapterFrom, cell.verseFrom,
-                                                     cell.chapterTo, cell.verseTo});
+                cell.reference = StandardOf(*translations.at(t), cell.verses);
         }
         result.rows.append(row);
     }

@@ -11,15 +11,11 @@ struct ParallelCell
 {
     // The translation's book number and the first and last verse of the cell; book 0 when the
     // translation has no verse in the row.
-    int book = 0;
-    int chapterFrom = 0;
-    int verseFrom = 0;
-    int chapterTo = 0;
-    int verseTo = 0;
+    VerseMapping::Numbers verses;
     QString reference; // "PSALMS 9:22", "ПСАЛТИРЬ 9:1-2"; empty when there is no verse
     QString text;      // the verses' text without their numbers, one blank between verses
 
-    bool isEmpty() const { return book == 0; }
+    bool isEmpty() const { return verses.book == 0; }
 };
 
 // The cells of one row, one a translation, in the order the translations were given.

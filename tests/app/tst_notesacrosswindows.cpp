@@ -1,6 +1,7 @@
 // The notes and the commentary belong to the chapter on display, whatever the other windows fetch
 // meanwhile: the verse of the day, the parables and miracles, the prophecies, topics and stories,
-// the Search window, the concordance and the bookmarks all read scripture while notes are typed.
+// the Search window in every mode, the side-by-side tab, the concordance and the bookmarks all read
+// scripture while notes are typed.
 #include "../support/HookGuards.h"
 #include "../support/ProgramHarness.h"
 #include "../support/TranslationFixture.h"
@@ -21,6 +22,8 @@
 #include <QListWidget>
 #include <QMap>
 #include <QPushButton>
+#include <QRadioButton>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
@@ -197,6 +200,22 @@ private slots:
             QTest::mouseClick(search->findChild<QPushButton *>(QStringLiteral("cmdShowVerse")),
                               Qt::LeftButton);
         }) << "RUTH 3";
+        QTest::newRow("query result, marked") << Action([](ProgramHarness &program) {
+            trigger(program, "mnuToolsSearch");
+            auto *search = window<frmSearch>(program);
+            search->findChild<QRadioButton *>(QStringLiteral("optQuery"))->click();
+            search->findChild<QLineEdit *>(QStringLiteral("txtQuery"))
+                ->setText(QStringLiteral("\"text of ruth 3 3\""));
+            QTest::mouseClick(search->findChild<QPushButton *>(QStringLiteral("cmdSearch")),
+                              Qt::LeftButton);
+            clickRow(list(search, "lstResults"), 0);
+            QTest::mouseClick(search->findChild<QPushButton *>(QStringLiteral("cmdShowVerse")),
+                              Qt::LeftButton);
+        }) << "RUTH 3";
+        QTest::newRow("side by side") << Action([](ProgramHarness &program) {
+            QTabBar *bar = program.control<QTabWidget>("SSTab1")->tabBar();
+            QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(3).center());
+        }) << "GENESIS 1";
         QTest::newRow("concordance") << Action([](ProgramHarness &program) {
             support::InputBoxAnswers number({QStringLiteral("H430")});
             trigger(program, "mnuReferencesConcordance");

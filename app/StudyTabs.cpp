@@ -225,14 +225,16 @@ void StudyTabs::tabChanged(int index)
 void StudyTabs::enterParallel()
 {
     if (!m_parallel) {
+        // Given its look and passage before it shows, so that showing it builds the rows once.
         m_parallel = new ParallelView(m_translation, programFolder(), m_parallelPage);
+        m_parallel->applyLook(m_passageStyle);
+        m_parallel->setPassage(m_onDisplay);
         m_parallelPage->layout()->addWidget(m_parallel);
         m_parallel->show();
-        m_parallel->applyLook(m_passageStyle);
         connect(m_parallel, &ParallelView::referenceChosen, this,
                 &StudyTabs::parallelReferenceChosen);
     }
-    m_parallel->setPassage(m_onDisplay);
+    // Once made, it is given every chapter shown (see showChapter) and builds on showing.
     m_parallel->view()->setFocus();
 }
 

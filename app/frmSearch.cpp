@@ -383,6 +383,7 @@ frmSearch::Outcome frmSearch::runWords(const QStringList &folders,
     const int rounds = int(folders.size());
     picProgress->setRange(0, std::max(1, rounds * books));
     QList<QList<FoundVerse>> perTranslation;
+    QList<VerseNumbering> numberings;
     for (int t = 0; t < rounds && !outcome.stopped; ++t) {
         clsBible other;
         if (t > 0) {
@@ -406,6 +407,8 @@ frmSearch::Outcome frmSearch::runWords(const QStringList &folders,
                                   : result.failureMessage;
         outcome.stopped = result.stopped;
         perTranslation.append(FoundVerses::FromHits(result.hits, store, folders.at(t)));
+        if (rounds > 1)
+            numberings.append(VerseNumbering::ForTranslation(store));
         if (t > 0)
             continue;
         // The open translation's search says which mode ran, and so what to mark.
@@ -419,7 +422,7 @@ frmSearch::Outcome frmSearch::runWords(const QStringList &folders,
         };
     }
     outcome.verses =
-        rounds == 1 ? perTranslation.value(0) : FoundVerses::Interleave(perTranslation);
+        rounds == 1 ? perTranslation.value(0) : FoundVerses::Interleave(perTranslation, numberings);
     // The three modes over the open translation alone keep their own title; over several
     // translations the title counts what is listed.
     if (rounds > 1)

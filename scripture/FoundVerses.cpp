@@ -77,27 +77,27 @@ QList<FoundVerse> FromQueryHits(const QList<QueryHit> &hits)
     return verses;
 }
 
-QList<FoundVerse> Interleave(const QList<QList<FoundVerse>> &perTranslation)
+QList<FoundVerse> Interleave(const QList<QList<FoundVerse>> &perTranslation,
+                             const QList<VerseNumbering> &numberings)
 {
     struct Keyed
     {
-        int book;
-        int chapter;
-        int verse;
+        std::tuple<int, int, int> kjvPlace;
         qsizetype translation;
         qsizetype index;
     };
+    static const VerseNumbering kjv = VerseNumbering::Kjv();
     QList<Keyed> keys;
     for (qsizetype t = 0; t < perTranslation.size(); ++t) {
         const QList<FoundVerse> &verses = perTranslation.at(t);
+        const VerseNumbering &numbering = t < numberings.size() ? numberings.at(t) : kjv;
         for (qsizetype i = 0; i < verses.size(); ++i) {
             const FoundVerse &v = verses.at(i);
-            keys.append({v.book, v.chapter.toInt(), v.verse.toInt(), t, i});
+            keys.append({numbering.KjvOrder(v.book, v.chapter.toInt(), v.verse.toInt()), t, i});
         }
     }
     std::stable_sort(keys.begin(), keys.end(), [](const Keyed &a, const Keyed &b) {
-        return std::tie(a.book, a.chapter, a.verse, a.translation) <
-               std::tie(b.book, b.chapter, b.verse, b.translation);
+        return std::tie(a.kjvPlace, a.translation) < std::tie(b.kjvPlace, b.translation);
     });
     QList<FoundVerse> all;
     all.reserve(keys.size());

@@ -2,6 +2,7 @@
 
 #include "scripture/BookScan.h"
 #include "scripture/QuerySearch.h"
+#include "scripture/VerseNumbering.h"
 
 #include <QByteArray>
 #include <QList>
@@ -45,9 +46,11 @@ QList<FoundVerse> FromHits(const QList<SearchHit> &hits, const clsBible &store,
 // The hits of a query search; "Show All" lists each with its verse number before its text.
 QList<FoundVerse> FromQueryHits(const QList<QueryHit> &hits);
 
-// The results of several translations in one list, a reference's verses together: by book,
-// chapter and verse, and within a reference in the order the translations were given.
-QList<FoundVerse> Interleave(const QList<QList<FoundVerse>> &perTranslation);
+// The results of several translations in one list, a reference's verses together: lined up through
+// each translation's verse numbering (given in the same order) by the KJV's book, chapter and
+// verse, and within a reference in the order the translations were given.
+QList<FoundVerse> Interleave(const QList<QList<FoundVerse>> &perTranslation,
+                             const QList<VerseNumbering> &numberings);
 
 // How many verses each book holds: entry b - 1 for book b, for books 1..books.
 QList<int> HitsPerBook(const QList<FoundVerse> &verses, int books);

@@ -121,7 +121,6 @@ QuerySearch::Result QuerySearch::run(const SearchQuery &query, const Options &op
     }
 
     const bool interleave = options.order == Order::ByReference && translations.size() > 1;
-    const VerseNumbering kjv = VerseNumbering::Kjv();
     std::vector<Found> found;
     int done = 0;
     for (size_t ti = 0; ti < translations.size() && !result.stopped; ++ti) {
@@ -141,19 +140,13 @@ QuerySearch::Result QuerySearch::run(const SearchQuery &query, const Options &op
                 continue;
             }
             const std::vector<bool> matching = query.MatchingVerses(*verses);
-            const QString osis = interleave ? t.numbering.OsisOfBook(b) : QString();
             for (qsizetype i = 0; i < verses->count(); ++i) {
                 if (!matching[size_t(i)])
                     continue;
                 Found hit{int(ti), b, verses, i, {}};
                 if (interleave) {
                     const FoldedVerses::Verse &v = verses->verses.at(i);
-                    const VerseSpan span = t.numbering.ToKjv({osis, v.chapter, v.verse});
-                    const int kjvBook = span.isEmpty() ? 0 : kjv.BookOfOsis(span.first.book);
-                    // A verse the KJV lacks keeps its own numbers, after the KJV's books.
-                    hit.kjvPlace = kjvBook > 0
-                                       ? std::tuple{kjvBook, span.first.chapter, span.first.verse}
-                                       : std::tuple{1000 + b, v.chapter, v.verse};
+                    hit.kjvPlace = t.numbering.KjvOrder(b, v.chapter, v.verse);
                 }
                 found.push_back(std::move(hit));
             }

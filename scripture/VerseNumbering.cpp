@@ -254,3 +254,12 @@ void VerseNumbering::addFromKjv(const VerseId &kjv, const VerseSpan &here)
         m_fromOrder.append(key);
     m_fromKjv.insert(key, here);
 }
+
+std::tuple<int, int, int> VerseNumbering::KjvOrder(int book, int chapter, int verse) const
+{
+    static const VerseNumbering kjv = Kjv();
+    const VerseSpan span = ToKjv({OsisOfBook(book), chapter, verse});
+    const int kjvBook = span.isEmpty() ? 0 : kjv.BookOfOsis(span.first.book);
+    return kjvBook > 0 ? std::tuple{kjvBook, span.first.chapter, span.first.verse}
+                       : std::tuple{1000 + book, chapter, verse};
+}

@@ -4,6 +4,7 @@
 #include <QString>
 #include <QStringList>
 #include <optional>
+#include <tuple>
 
 class clsBible;
 
@@ -79,6 +80,11 @@ public:
     VerseSpan FromKjv(const VerseId &verse) const;
     void addToKjv(const VerseId &here, const VerseSpan &kjv);
     void addFromKjv(const VerseId &kjv, const VerseSpan &here);
+
+    // Where a verse of this translation (its book number) stands in the KJV's order, to line up
+    // the verses of several translations: the KJV's book, chapter and verse. A verse the KJV lacks
+    // keeps its own numbers, after all the KJV's books.
+    std::tuple<int, int, int> KjvOrder(int book, int chapter, int verse) const;
 
 private:
     QString m_name = QStringLiteral("KJV");

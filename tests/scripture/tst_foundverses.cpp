@@ -30,10 +30,28 @@ private slots:
                                       verse("A", 2, "1", "1")};
         const QList<FoundVerse> second{verse("B", 1, "9", "10"), verse("B", 1, "10", "1")};
         QStringList order;
-        for (const FoundVerse &v : FoundVerses::Interleave({first, second}))
+        for (const FoundVerse &v : FoundVerses::Interleave(
+                 {first, second}, {VerseNumbering::Kjv(), VerseNumbering::Kjv()}))
             order << v.translation + u' ' + v.Reference();
         QCOMPARE(order, (QStringList{"A Genesis 9:2", "B Genesis 9:10", "A Genesis 10:1",
                                      "B Genesis 10:1", "A Exodus 1:1"}));
+    }
+
+    // A translation that numbers a verse otherwise lines up with the others through its numbering:
+    // its Psalm 9:22 is the KJV's Psalm 10:1.
+    void interleavesThroughEachNumbering()
+    {
+        VerseNumbering synodal = VerseNumbering::Kjv();
+        synodal.addToKjv({QStringLiteral("Ps"), 9, 22},
+                         {{QStringLiteral("Ps"), 10, 1}, {QStringLiteral("Ps"), 10, 1}});
+        const QList<FoundVerse> kjv{verse("A", 19, "9", "20"), verse("A", 19, "10", "1"),
+                                    verse("A", 19, "10", "2")};
+        const QList<FoundVerse> other{verse("B", 19, "9", "22")};
+        QStringList order;
+        for (const FoundVerse &v :
+             FoundVerses::Interleave({kjv, other}, {VerseNumbering::Kjv(), synodal}))
+            order << v.translation + u' ' + v.chapter + u':' + v.verse;
+        QCOMPARE(order, (QStringList{"A 9:20", "A 10:1", "B 9:22", "A 10:2"}));
     }
 
     // Whole words only where asked; a word inside another is marked without; overlapping and

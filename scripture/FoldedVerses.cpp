@@ -234,18 +234,6 @@ QString FoldedVerses::Fold(QStringView text, QList<qsizetype> *from)
     return folded;
 }
 
-qsizetype FoldedVerses::VerseAtFolded(qsizetype position) const
-{
-    return std::upper_bound(foldedStarts.cbegin(), foldedStarts.cend(), position) -
-           foldedStarts.cbegin() - 1;
-}
-
-qsizetype FoldedVerses::VerseAtStrongs(qsizetype position) const
-{
-    return std::upper_bound(strongStarts.cbegin(), strongStarts.cend(), position) -
-           strongStarts.cbegin() - 1;
-}
-
 void FoldedVerses::append(const Verse &verse, QStringView line, bool numbered)
 {
     verses.append(verse);

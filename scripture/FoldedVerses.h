@@ -39,9 +39,6 @@ public:
         return QStringView(shown).mid(shownStarts.at(verse),
                                       shownStarts.at(verse + 1) - shownStarts.at(verse) - 1);
     }
-    // The verse that holds a position of the folded text (or of the Strong's numbers).
-    qsizetype VerseAtFolded(qsizetype position) const;
-    qsizetype VerseAtStrongs(qsizetype position) const;
 
     // The verses of a book file, kept while the file is unchanged on disk (read again when it
     // changes, so a result never depends on what was read before); nullptr when it cannot be read.

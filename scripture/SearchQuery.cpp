@@ -278,6 +278,26 @@ int cost(const Node &node)
     }
 }
 
+// The verses of one of the folded texts (starts: where each verse begins there) in which find
+// finds something, in one pass over the text: one find is enough for a verse, the next look starts
+// at the verse after it.
+template <typename Find>
+Flags versesFound(QStringView text, const QList<qsizetype> &starts, qsizetype count, Find find)
+{
+    Flags found(count);
+    qsizetype from = 0;
+    while (from < text.size()) {
+        const qsizetype start = find(text, from).first;
+        if (start < 0)
+            break;
+        const auto verse = qsizetype(std::upper_bound(starts.cbegin(), starts.cend(), start) -
+                                     starts.cbegin() - 1);
+        found.set(verse);
+        from = starts.at(verse + 1);
+    }
+    return found;
+}
+
 Flags evaluate(const Node &node, const FoldedVerses &verses, const Flags &candidates)
 {
     const qsizetype count = verses.count();
@@ -300,33 +320,15 @@ Flags evaluate(const Node &node, const FoldedVerses &verses, const Flags &candid
             }
             return found;
         }
-        qsizetype from = 0;
-        while (from < text.size()) {
-            const auto [start, end] = node.words.size() == 1
-                                          ? nextWord(text, node.words.first(), from)
-                                          : nextPhrase(text, node.words, from);
-            if (start < 0)
-                break;
-            const qsizetype verse = verses.VerseAtFolded(start);
-            found.set(verse);
-            // One match is enough for a verse: go on with the next.
-            from = verses.foldedStarts.at(verse + 1);
-        }
+        found = versesFound(text, verses.foldedStarts, count, find);
         found &= candidates;
         return found;
     }
     case Node::Kind::Strongs: {
-        Flags found(count);
-        const QStringView text(verses.strongs);
-        qsizetype from = 0;
-        while (from < text.size()) {
-            const auto [start, end] = nextWord(text, node.strongs, from);
-            if (start < 0)
-                break;
-            const qsizetype verse = verses.VerseAtStrongs(start);
-            found.set(verse);
-            from = verses.strongStarts.at(verse + 1);
-        }
+        Flags found = versesFound(verses.strongs, verses.strongStarts, count,
+                                  [&](QStringView within, qsizetype from) {
+                                      return nextWord(within, node.strongs, from);
+                                  });
         found &= candidates;
         return found;
     }

@@ -38,8 +38,6 @@ public:
     // Where the reader stands now on the place on show (its tab and scroll), kept for a return.
     void updateCurrent(int tab, int top);
 
-    bool canGoBack() const { return m_current > 0; }
-    bool canGoForward() const { return m_current >= 0 && m_current + 1 < m_places.size(); }
     // The place `steps` away from the one on show (negative: back), without going there.
     std::optional<Place> peek(int steps) const;
     // Makes that place the one on show, once the window has gone there.

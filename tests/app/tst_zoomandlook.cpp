@@ -28,12 +28,6 @@ using support::ProgramHarness;
 
 namespace {
 
-QByteArray readAll(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 // WCAG 2: the relative luminance of a colour and the contrast ratio of two.
 double luminance(const QColor &color)
 {
@@ -98,8 +92,8 @@ private slots:
         for (const QString &folder :
              {QStringLiteral("KJV"), QStringLiteral("tvc"), QStringLiteral("Dictionary.dat")})
             QVERIFY(QFile::link(imported + u'/' + folder, m_dir.filePath(folder)));
-        m_shippedLook =
-            readAll(qEnvironmentVariable("QS_SOURCE_DIR") + QStringLiteral("/data/display.cfg"));
+        m_shippedLook = fixture::readFile(qEnvironmentVariable("QS_SOURCE_DIR") +
+                                          QStringLiteral("/data/display.cfg"));
         QCOMPARE(m_shippedLook.size(), DisplaySettings::RecordLength);
     }
 
@@ -145,14 +139,14 @@ private slots:
             QTest::keyClicks(notes, QStringLiteral("For God so loved"));
             auto *save = program.control<QPushButton>("cmdSaveNotes");
             QTest::mouseClick(save, Qt::LeftButton);
-            notesFile = readAll(file("notes/newtest/JOHN.dat"));
+            notesFile = fixture::readFile(file("notes/newtest/JOHN.dat"));
             QVERIFY(notesFile.contains("For God so loved"));
             const QString rtf = notes->TextRTF();
             wheel(notes->viewport(), 3);
             QCOMPARE(points(program, "rtfNotes"), base * 1.5);
             QCOMPARE(notes->TextRTF(), rtf);
             QTest::mouseClick(save, Qt::LeftButton);
-            QCOMPARE(readAll(file("notes/newtest/JOHN.dat")), notesFile);
+            QCOMPARE(fixture::readFile(file("notes/newtest/JOHN.dat")), notesFile);
             wheel(notes->viewport(), -1);
             QCOMPARE(points(program, "rtfNotes"), base * 1.25);
             QTest::keyClick(notes, Qt::Key_0, Qt::ControlModifier);
@@ -172,8 +166,8 @@ private slots:
         QCOMPARE(points(program, "rtfNotes"), base * 0.9);
         QCOMPARE(points(program, "rtfTVC"), base);
         QCOMPARE(definition(program)->font().pointSizeF(), base * 1.1);
-        QCOMPARE(readAll(file("display.cfg")), m_shippedLook);
-        QCOMPARE(readAll(file("notes/newtest/JOHN.dat")), notesFile);
+        QCOMPARE(fixture::readFile(file("display.cfg")), m_shippedLook);
+        QCOMPARE(fixture::readFile(file("notes/newtest/JOHN.dat")), notesFile);
     }
 
     void darkLookKeepsContrastAndChosenColours()
@@ -210,8 +204,8 @@ private slots:
                               Qt::LeftButton);
             QTest::mouseClick(options.findChild<QPushButton *>(QStringLiteral("cmdSaveSettings")),
                               Qt::LeftButton);
-            QVERIFY(readAll(file("window.ini")).contains("scheme=1"));
-            QCOMPARE(readAll(file("display.cfg")), m_shippedLook);
+            QVERIFY(fixture::readFile(file("window.ini")).contains("scheme=1"));
+            QCOMPARE(fixture::readFile(file("display.cfg")), m_shippedLook);
             program.main()->InitiateSession();
             QCOMPARE(passage->palette().color(QPalette::Base), QColor(255, 253, 245));
             QCOMPARE(title->palette().color(QPalette::WindowText), QColor(0x8B, 0x1A, 0x1A));

@@ -10,6 +10,8 @@
 
 #include <cerrno>
 #include <cstring>
+#include <filesystem>
+#include <system_error>
 
 #ifdef Q_OS_WIN
 #include <io.h>
@@ -30,6 +32,22 @@ QString PathSeparator()
 #else
     return QStringLiteral("/");
 #endif
+}
+
+QStringList FileNames(const QString &folder)
+{
+    // Read straight from the folder: one look at each entry, where a listing through QDir also
+    // sorts, filters and builds file details the caller does not need.
+    QStringList names;
+    std::error_code ec;
+    for (std::filesystem::directory_iterator it(QFile::encodeName(folder).toStdString(), ec), end;
+         !ec && it != end; it.increment(ec)) {
+        std::error_code type;
+        if (it->is_regular_file(type))
+            names.append(
+                QFile::decodeName(QByteArray::fromStdString(it->path().filename().string())));
+    }
+    return names;
 }
 
 bool IsUsablePath(const QString &path)

@@ -24,6 +24,10 @@ bool IsUsablePath(const QString &path);
 bool FileExists(const QString &path);
 bool FolderExists(const QString &path);
 
+// The names of the files in a folder (links to files too), as stored and in no order; none when
+// the folder cannot be read.
+QStringList FileNames(const QString &folder);
+
 // Whole file, or nothing when it cannot be opened.
 std::optional<QByteArray> ReadFileBytes(const QString &path);
 

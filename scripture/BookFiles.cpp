@@ -5,7 +5,9 @@
 
 #include <QFile>
 #include <QHash>
+#include <algorithm>
 #include <bit>
+#include <cerrno>
 #include <cstdint>
 #include <cstring>
 #include <filesystem>
@@ -125,23 +127,29 @@ bool isAscii(const char *bytes, qsizetype n)
     return (high & 0x8080808080808080ULL) == 0;
 }
 
-// Whether a line that is not plain ASCII holds a character whose capital is, or holds, an ASCII
+// Whether the character whose bytes begin at i is one whose capital is, or holds, an ASCII
 // letter: "ß", dotless "ı", long "ſ", "ŉ", "ǰ", "ẖ" to "ẚ" and the ligatures "ﬀ" to "ﬆ", in
 // UTF-8; "ß" (0xDF) in Windows-1252. The test is on bytes and errs on the safe side.
+bool changesIntoAsciiAt(const char *bytes, qsizetype i, qsizetype n)
+{
+    const auto c = static_cast<unsigned char>(bytes[i]);
+    if (c < 0x80)
+        return false;
+    if (c == 0xDF)
+        return true;
+    const auto next = i + 1 < n ? static_cast<unsigned char>(bytes[i + 1]) : 0;
+    const auto third = i + 2 < n ? static_cast<unsigned char>(bytes[i + 2]) : 0;
+    return (c == 0xC3 && next == 0x9F) || (c == 0xC4 && next == 0xB1) ||
+           (c == 0xC5 && (next == 0xBF || next == 0x89)) || (c == 0xC7 && next == 0xB0) ||
+           (c == 0xE1 && next == 0xBA && third >= 0x96 && third <= 0x9A) ||
+           (c == 0xEF && next == 0xAC && third >= 0x80 && third <= 0x86);
+}
+
+// Whether a line that is not plain ASCII holds such a character.
 bool changesIntoAscii(const char *bytes, qsizetype n)
 {
     for (qsizetype i = 0; i < n; ++i) {
-        const auto c = static_cast<unsigned char>(bytes[i]);
-        if (c < 0x80)
-            continue;
-        if (c == 0xDF)
-            return true;
-        const auto next = i + 1 < n ? static_cast<unsigned char>(bytes[i + 1]) : 0;
-        const auto third = i + 2 < n ? static_cast<unsigned char>(bytes[i + 2]) : 0;
-        if ((c == 0xC3 && next == 0x9F) || (c == 0xC4 && next == 0xB1) ||
-            (c == 0xC5 && (next == 0xBF || next == 0x89)) || (c == 0xC7 && next == 0xB0) ||
-            (c == 0xE1 && next == 0xBA && third >= 0x96 && third <= 0x9A) ||
-            (c == 0xEF && next == 0xAC && third >= 0x80 && third <= 0x86))
+        if (changesIntoAsciiAt(bytes, i, n))
             return true;
     }
     return false;
@@ -265,19 +273,70 @@ std::optional<QByteArray> readWhole(const QString &path, std::shared_ptr<const v
 #endif
 }
 
+#ifdef Q_OS_UNIX
+// The whole file read into the pool's buffer, which is used again once nothing holds it; a file
+// read once is copied into memory already mapped, where a fresh mapping or allocation would cost a
+// fault for every few pages.
+std::optional<QByteArray> readPooled(const QString &path, std::shared_ptr<const void> &holder)
+{
+    static std::shared_ptr<char[]> pool;
+    static qsizetype poolSize = 0;
+    const int fd = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0)
+        return std::nullopt;
+    struct stat info;
+    if (::fstat(fd, &info) != 0 || !S_ISREG(info.st_mode)) {
+        ::close(fd);
+        return std::nullopt;
+    }
+    const auto size = qsizetype(info.st_size);
+    if (!pool || pool.use_count() > 1 || poolSize < size) {
+        poolSize = std::max<qsizetype>(size, 1 << 20);
+        pool = std::shared_ptr<char[]>(new char[size_t(poolSize)]);
+    }
+    // A file that shrinks meanwhile is taken as far as it goes.
+    qsizetype got = 0;
+    while (got < size) {
+        const ssize_t n = ::read(fd, pool.get() + got, size_t(size - got));
+        if (n < 0 && errno == EINTR)
+            continue;
+        if (n <= 0)
+            break;
+        got += n;
+    }
+    ::close(fd);
+    holder = pool;
+    return QByteArray::fromRawData(pool.get(), got);
+}
+#endif
+
+bool onePass = false;
+
 std::shared_ptr<BookFiles::Bytes> readBytes(const QString &path)
 {
     std::shared_ptr<const void> mapping;
+#ifdef Q_OS_UNIX
+    std::optional<QByteArray> bytes =
+        onePass ? readPooled(path, mapping) : readWhole(path, mapping);
+#else
     std::optional<QByteArray> bytes = readWhole(path, mapping);
+#endif
     if (!bytes)
         return nullptr;
     auto content = std::make_shared<BookFiles::Bytes>();
     content->bytes = std::move(*bytes);
     content->mapping = std::move(mapping);
-    const qsizetype n = content->bytes.size();
-    const char *in = content->bytes.constData();
+    return content;
+}
+
+QList<BookFiles::Bytes::Span> split(const BookFiles::Bytes &file)
+{
+    QList<BookFiles::Bytes::Span> lines;
+    const qsizetype n = file.bytes.size();
+    const char *in = file.bytes.constData();
     // Lines end at CR LF, LF or CR; a final line break does not start an empty line.
-    content->lines.reserve(n / 64);
+    lines.reserve(n / 64);
+    qsizetype start = 0;
     // Where every CR stands before an LF (as in all book files written on Windows or by the
     // program), a line ends at the next LF alone: one look for each line instead of two.
     bool loneCr = false;
@@ -288,7 +347,6 @@ std::shared_ptr<BookFiles::Bytes> readBytes(const QString &path)
             break;
         }
     }
-    qsizetype start = 0;
     if (!loneCr) {
         // A file of plain ASCII throughout (most are) needs no look at each line's characters.
         const bool allAscii = isAscii(in, n);
@@ -296,7 +354,7 @@ std::shared_ptr<BookFiles::Bytes> readBytes(const QString &path)
             if (end > start && in[end - 1] == '\r')
                 --end;
             const bool ascii = allAscii || isAscii(in + start, end - start);
-            content->lines.append(
+            lines.append(
                 {start, end - start, ascii, ascii || !changesIntoAscii(in + start, end - start)});
         };
         qsizetype i = 0;
@@ -340,11 +398,11 @@ std::shared_ptr<BookFiles::Bytes> readBytes(const QString &path)
             next = lf ? end + 1 : n;
         }
         const bool ascii = isAscii(in + start, end - start);
-        content->lines.append(
+        lines.append(
             {start, end - start, ascii, ascii || !changesIntoAscii(in + start, end - start)});
         start = next;
     }
-    return content;
+    return lines;
 }
 
 } // namespace
@@ -356,48 +414,96 @@ std::shared_ptr<const BookFiles::Content> BookFiles::lines(const QString &path)
 
 std::shared_ptr<const BookFiles::Bytes> BookFiles::bytes(const QString &path)
 {
+    // Read once, a file is not kept, so there is no stamp to compare. The name as written is
+    // nearly always right: it is tried before the folder is searched for it.
+    if (onePass) {
+        if (!platform::IsUsablePath(path))
+            return nullptr;
+        std::shared_ptr<Bytes> content = readBytes(path);
+        return content ? content : readBytes(resolved(path, false));
+    }
     return load<Bytes>(path, readBytes);
+}
+
+const QList<BookFiles::Bytes::Span> &BookFiles::Bytes::Lines() const
+{
+    if (!m_lines)
+        m_lines = split(*this);
+    return *m_lines;
+}
+
+BookFiles::Bytes::Span BookFiles::Bytes::PlainLineAt(qsizetype start) const
+{
+    const char *in = bytes.constData();
+    const auto *lf =
+        static_cast<const char *>(std::memchr(in + start, '\n', size_t(bytes.size() - start)));
+    qsizetype end = lf ? lf - in : bytes.size();
+    if (end > start && in[end - 1] == '\r')
+        --end;
+    return {start, end - start, isAscii(in + start, end - start), true};
+}
+
+bool BookFiles::Bytes::PlainBetween(qsizetype from, qsizetype to) const
+{
+    const char *in = bytes.constData();
+    const qsizetype n = bytes.size();
+    for (qsizetype i = from; i < to; ++i) {
+        const auto c = static_cast<unsigned char>(in[i]);
+        if (c == '\r' ? i + 1 == n || in[i + 1] != '\n' : c >= 0x80 && changesIntoAsciiAt(in, i, n))
+            return false;
+    }
+    return true;
+}
+
+qsizetype BookFiles::Bytes::PlainNextLine(qsizetype start) const
+{
+    const char *in = bytes.constData();
+    const auto *lf =
+        static_cast<const char *>(std::memchr(in + start, '\n', size_t(bytes.size() - start)));
+    return lf ? lf - in + 1 : bytes.size();
 }
 
 platform::TextEncoding BookFiles::Bytes::encoding() const
 {
-    // A file is UTF-8 when all its bytes are; the lines of plain ASCII are, so only the others
-    // need a look, and only once a line has to be decoded.
-    if (!m_encoding) {
-        m_encoding = platform::TextEncoding::Utf8;
-        for (const Span &span : lines) {
-            if (!span.ascii &&
-                !QByteArrayView(bytes).sliced(span.start, span.length).isValidUtf8()) {
-                m_encoding = platform::TextEncoding::Windows1252;
-                break;
-            }
-        }
-    }
+    // A file is UTF-8 when all its bytes are, looked at once a line has to be decoded.
+    if (!m_encoding)
+        m_encoding = QByteArrayView(bytes).isValidUtf8() ? platform::TextEncoding::Utf8
+                                                         : platform::TextEncoding::Windows1252;
     return *m_encoding;
 }
 
 QString BookFiles::Bytes::Text(qsizetype line) const
 {
-    const Span &span = lines.at(line);
+    return Text(Lines().at(line));
+}
+
+QString BookFiles::Bytes::Text(const Span &span) const
+{
     const QByteArrayView raw = QByteArrayView(bytes).sliced(span.start, span.length);
     if (span.ascii)
         return QString::fromLatin1(raw);
     QString text = encoding() == platform::TextEncoding::Utf8 ? QString::fromUtf8(raw)
                                                               : platform::DecodeWindows1252(raw);
     // The file's text begins after its byte-order mark.
-    if (line == 0 && text.startsWith(QChar(0xFEFF)) && encoding() == platform::TextEncoding::Utf8)
+    if (span.start == 0 && text.startsWith(QChar(0xFEFF)) &&
+        encoding() == platform::TextEncoding::Utf8)
         text.remove(0, 1);
     return text;
 }
 
 const QString &BookFiles::Bytes::UpperText(qsizetype line) const
 {
-    if (m_upperText.size() != lines.size())
-        m_upperText.resize(lines.size());
+    if (m_upperText.size() != Lines().size())
+        m_upperText.resize(Lines().size());
     QString &upper = m_upperText[line];
     if (upper.isNull())
         upper = basStrings::UpperCase(Text(line));
     return upper;
+}
+
+void BookFiles::setOnePass(bool read)
+{
+    onePass = read;
 }
 
 void BookFiles::forget(const QString &path)

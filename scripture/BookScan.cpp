@@ -7,11 +7,18 @@
 #include "scripture/basStrings.h"
 #include "scripture/clsBible.h"
 
+#include <algorithm>
+#include <array>
 #include <bit>
 #include <string_view>
+#include <tuple>
+#include <utility>
 
 #ifdef __SSE2__
 #include <emmintrin.h>
+#endif
+#if defined(__x86_64__) && (defined(__GNUC__) || defined(__clang__))
+#include <immintrin.h>
 #endif
 
 namespace {
@@ -22,7 +29,7 @@ bool isLetter(QChar c)
 
 bool isMarker(const BookFiles::Bytes &file, qsizetype line)
 {
-    const BookFiles::Bytes::Span &span = file.lines.at(line);
+    const BookFiles::Bytes::Span &span = file.Lines().at(line);
     if (!span.foldable)
         return ChapterMarker::IsMarker(file.UpperText(line));
     if (span.length < 7)
@@ -42,14 +49,13 @@ namespace {
 // that is quickest to look for.
 int letterFrequency(QChar c)
 {
-    static constexpr char order[] = "ZQJXKVBPYGFWMUCLDRHSNIOATE";
+    // Each letter's place in "ZQJXKVBPYGFWMUCLDRHSNIOATE", looked up for A to Z.
+    static constexpr std::array<signed char, 26> rank = {23, 6,  14, 16, 25, 10, 9, 18, 21,
+                                                         2,  4,  15, 12, 20, 22, 7, 1,  17,
+                                                         19, 24, 13, 5,  11, 3,  8, 0};
     if (c < u'A' || c > u'Z')
         return -1;
-    for (int i = 0; order[i]; ++i) {
-        if (char16_t(order[i]) == c.unicode())
-            return i;
-    }
-    return -1;
+    return rank[size_t(c.unicode() - u'A')];
 }
 } // namespace
 
@@ -133,10 +139,55 @@ template <typename Line, typename Word> qsizetype findWord(Line line, Word word,
     return -1;
 }
 
-// A plain ASCII line read as capitals: sixteen places at a time, those where the word's first and
-// last characters stand (a letter in either case) are compared in full. The search for the rarest
-// character stops at every one of them, in both cases; the pair seldom stands at the right
-// distance, so a line is read about once.
+// The places in a word of its two rarest characters, to look for it by: a pair seldom stands at
+// the right distance where the word does not.
+std::pair<qsizetype, qsizetype> rarestPair(std::string_view word)
+{
+    const qsizetype n = qsizetype(word.size());
+    // Blanks, digits and marks count as common as the commonest letter.
+    const auto rank = [&](qsizetype k) {
+        const int f = letterFrequency(QChar(char16_t(static_cast<unsigned char>(word[size_t(k)]))));
+        return f < 0 ? 26 : f;
+    };
+    qsizetype one = 0;
+    for (qsizetype k = 1; k < n; ++k) {
+        if (rank(k) < rank(one))
+            one = k;
+    }
+    qsizetype two = one == 0 ? n - 1 : 0;
+    for (qsizetype k = 0; k < n; ++k) {
+        if (k != one && rank(k) < rank(two))
+            two = k;
+    }
+    return {one, two};
+}
+
+#ifdef __SSE2__
+// Where in sixteen places from a position a character of an upper-cased word stands, a letter in
+// either case: a capital and its small letter differ in the bit 0x20 alone, so with the bit set
+// on both sides the letter is found in either case, and nothing else is.
+struct CharInBlock
+{
+    explicit CharInBlock(char c)
+    {
+        const bool letter = c >= 'A' && c <= 'Z';
+        bit = _mm_set1_epi8(letter ? 0x20 : 0);
+        wanted = _mm_set1_epi8(char(c | (letter ? 0x20 : 0)));
+    }
+    __m128i at(const char *p) const
+    {
+        return at(_mm_loadu_si128(reinterpret_cast<const __m128i *>(p)));
+    }
+    __m128i at(__m128i block) const { return _mm_cmpeq_epi8(_mm_or_si128(block, bit), wanted); }
+    __m128i bit;
+    __m128i wanted;
+};
+#endif
+
+// Plain ASCII read as capitals (a line, or a whole file): sixteen places at a time, those where
+// the word's two rarest characters stand at their distance are compared in full. Searching for
+// the rarest character alone stops at every one of them, in both cases; the pair seldom stands
+// at the right distance, so the text is read about once.
 qsizetype findWord(FoldedAscii line, std::string_view word, qsizetype from)
 {
     const qsizetype size = line.size();
@@ -147,36 +198,205 @@ qsizetype findWord(FoldedAscii line, std::string_view word, qsizetype from)
         return -1;
     const qsizetype last = size - n;
     const char *text = line.raw.data();
-    const auto letter = [](char c) { return c >= 'A' && c <= 'Z'; };
-    const char first = word.front();
-    const char end = word.back();
+    const auto [one, two] = rarestPair(word);
 #ifdef __SSE2__
-    // A capital and its small letter differ in the bit 0x20 alone: with the bit set on both sides
-    // the letter is found in either case, and nothing else is (the word is upper-cased).
-    const __m128i firstBit = _mm_set1_epi8(letter(first) ? 0x20 : 0);
-    const __m128i endBit = _mm_set1_epi8(letter(end) ? 0x20 : 0);
-    const __m128i firstChar = _mm_set1_epi8(char(first | (letter(first) ? 0x20 : 0)));
-    const __m128i endChar = _mm_set1_epi8(char(end | (letter(end) ? 0x20 : 0)));
+    const CharInBlock first(word[size_t(one)]);
+    const CharInBlock second(word[size_t(two)]);
     for (; from + 16 <= last + 1; from += 16) {
-        const __m128i a = _mm_loadu_si128(reinterpret_cast<const __m128i *>(text + from));
-        const __m128i b = _mm_loadu_si128(reinterpret_cast<const __m128i *>(text + from + n - 1));
-        unsigned mask = unsigned(
-            _mm_movemask_epi8(_mm_and_si128(_mm_cmpeq_epi8(_mm_or_si128(a, firstBit), firstChar),
-                                            _mm_cmpeq_epi8(_mm_or_si128(b, endBit), endChar))));
-        while (mask) {
+        unsigned mask = unsigned(_mm_movemask_epi8(
+            _mm_and_si128(first.at(text + from + one), second.at(text + from + two))));
+        for (; mask; mask &= mask - 1) {
             const qsizetype at = from + std::countr_zero(mask);
             if (sameAt(line, at, word))
                 return at;
-            mask &= mask - 1;
         }
     }
 #endif
+    const char16_t key = char16_t(static_cast<unsigned char>(word[size_t(one)]));
     for (; from <= last; ++from) {
-        if (upperAscii(text[from]) == char16_t(static_cast<unsigned char>(first)) &&
-            sameAt(line, from, word))
+        if (upperAscii(text[from + one]) == key && sameAt(line, from, word))
             return from;
     }
     return -1;
+}
+
+// A place a scan by places stops at: where a word stands, a line that begins with "CHAPTER" in
+// any case, or the first stretch that is not plain.
+struct Place
+{
+    enum Kind
+    {
+        None,
+        Word,
+        Marker,
+        NotPlain
+    };
+    Kind kind = None;
+    qsizetype at = -1;
+    qsizetype plainTo = 0; // the bytes before it are plain
+};
+
+// A word as a scan by places looks for it, with the places of its rarest pair.
+struct Needle
+{
+    explicit Needle(std::string_view w) : word(w) { std::tie(one, two) = rarestPair(word); }
+    std::string_view word;
+    qsizetype one = 0;
+    qsizetype two = 0;
+};
+
+#ifdef __SSE2__
+// What a scan by places looks for in each block of sixteen places, kept in registers.
+struct BlockTest
+{
+    explicit BlockTest(const Needle &needle)
+        : one(needle.one), two(needle.two), first(needle.word[size_t(needle.one)]),
+          second(needle.word[size_t(needle.two)])
+    {
+    }
+    qsizetype one;
+    qsizetype two;
+    CharInBlock first;
+    CharInBlock second;
+    CharInBlock c{'C'};
+    __m128i lf = _mm_set1_epi8('\n');
+    __m128i cr = _mm_set1_epi8('\r');
+};
+
+// A block with something in it: the places where the word's rarest pair stands, where a line
+// begins with "C", and whether a CR stands alone or a byte is outside ASCII.
+struct BusyBlock
+{
+    qsizetype at;
+    unsigned words = 0;
+    unsigned markers = 0;
+    bool suspect = false;
+};
+
+// The first busy block of sixteen places from a place on, before stop (where a block with the
+// bytes around it still fits); stop when there is none.
+[[gnu::noinline]] BusyBlock nextBusyBlock(const char *bytes, qsizetype from, qsizetype stop,
+                                          const BlockTest &t)
+{
+    for (; from < stop; from += 16) {
+        const __m128i here = _mm_loadu_si128(reinterpret_cast<const __m128i *>(bytes + from));
+        const __m128i before = _mm_loadu_si128(reinterpret_cast<const __m128i *>(bytes + from - 1));
+        const __m128i next = _mm_loadu_si128(reinterpret_cast<const __m128i *>(bytes + from + 1));
+        const __m128i loneCr =
+            _mm_andnot_si128(_mm_cmpeq_epi8(next, t.lf), _mm_cmpeq_epi8(here, t.cr));
+        const auto suspect = unsigned(_mm_movemask_epi8(_mm_or_si128(here, loneCr)));
+        const auto words = unsigned(_mm_movemask_epi8(
+            _mm_and_si128(t.first.at(bytes + from + t.one), t.second.at(bytes + from + t.two))));
+        const auto markers =
+            unsigned(_mm_movemask_epi8(_mm_and_si128(_mm_cmpeq_epi8(before, t.lf), t.c.at(here))));
+        if (suspect | words | markers)
+            return {from, words, markers, suspect != 0};
+    }
+    return {stop};
+}
+
+#if defined(__x86_64__) && (defined(__GNUC__) || defined(__clang__))
+#define QS_WIDE_BLOCKS
+// The same look at thirty-two places at a time, on processors that can: the scan of a whole
+// translation is bound by it. Its busy block is handed on sixteen places at a time.
+[[gnu::target("avx2")]] inline __m256i wideLoad(const char *at)
+{
+    return _mm256_loadu_si256(reinterpret_cast<const __m256i *>(at));
+}
+
+// Where a character of the word stands in thirty-two places, as CharInBlock says of sixteen.
+[[gnu::target("avx2")]] inline __m256i wideCharAt(const char *at, const CharInBlock &c)
+{
+    return _mm256_cmpeq_epi8(_mm256_or_si256(wideLoad(at), _mm256_broadcastsi128_si256(c.bit)),
+                             _mm256_broadcastsi128_si256(c.wanted));
+}
+
+[[gnu::target("avx2")]] BusyBlock nextBusyBlockWide(const char *bytes, qsizetype from,
+                                                    qsizetype stop, const BlockTest &t)
+{
+    const __m256i lf = _mm256_broadcastsi128_si256(t.lf);
+    const __m256i cr = _mm256_broadcastsi128_si256(t.cr);
+    for (; from + 16 < stop; from += 32) {
+        const __m256i here = wideLoad(bytes + from);
+        const __m256i loneCr = _mm256_andnot_si256(
+            _mm256_cmpeq_epi8(wideLoad(bytes + from + 1), lf), _mm256_cmpeq_epi8(here, cr));
+        const auto suspect = unsigned(_mm256_movemask_epi8(_mm256_or_si256(here, loneCr)));
+        const auto words = unsigned(
+            _mm256_movemask_epi8(_mm256_and_si256(wideCharAt(bytes + from + t.one, t.first),
+                                                  wideCharAt(bytes + from + t.two, t.second))));
+        const auto markers = unsigned(_mm256_movemask_epi8(_mm256_and_si256(
+            _mm256_cmpeq_epi8(wideLoad(bytes + from - 1), lf), wideCharAt(bytes + from, t.c))));
+        if (suspect | words | markers) {
+            // The half that holds something, as the narrow look would give it.
+            const bool low = ((suspect | words | markers) & 0xFFFF) != 0;
+            const int shift = low ? 0 : 16;
+            return {from + shift, (words >> shift) & 0xFFFF, (markers >> shift) & 0xFFFF,
+                    ((suspect >> shift) & 0xFFFF) != 0};
+        }
+    }
+    return nextBusyBlock(bytes, from, stop, t);
+}
+#endif
+
+// The wide look where the processor has it, else the narrow one.
+BusyBlock nextBusy(const char *bytes, qsizetype from, qsizetype stop, const BlockTest &t)
+{
+#ifdef QS_WIDE_BLOCKS
+    static const bool wide = __builtin_cpu_supports("avx2");
+    if (wide)
+        return nextBusyBlockWide(bytes, from, stop, t);
+#endif
+    return nextBusyBlock(bytes, from, stop, t);
+}
+#endif
+
+// The first such place at or after from (from > 0), in one pass: each block of sixteen places is
+// looked at for the word's rarest pair, for a line feed before a "C", and for a CR or a byte
+// outside ASCII, which sends the block to be checked as plain. The bytes before a place are all
+// plain. A line beginning at skip is not taken for a marker; a marker comes first where both
+// begin.
+Place nextPlace(const BookFiles::Bytes &file, const Needle &needle, qsizetype from, qsizetype skip)
+{
+    static constexpr std::string_view kMarker = "CHAPTER";
+    const FoldedAscii text{std::string_view(file.bytes.constData(), size_t(file.bytes.size()))};
+    const char *bytes = file.bytes.constData();
+    const qsizetype size = text.size();
+    const qsizetype last = size - qsizetype(needle.word.size());
+    const auto markerAt = [&](qsizetype at) {
+        return at != skip && bytes[at - 1] == '\n' && at + qsizetype(kMarker.size()) <= size &&
+               sameAt(text, at, kMarker);
+    };
+    const auto wordAt = [&](qsizetype at) { return at <= last && sameAt(text, at, needle.word); };
+#ifdef __SSE2__
+    const BlockTest test(needle);
+    const qsizetype stop = std::min(last + 1, size - 1) - 15;
+    while (from < stop) {
+        const BusyBlock block = nextBusy(bytes, from, stop, test);
+        from = block.at;
+        if (from >= stop)
+            break;
+        if (block.suspect && !file.PlainBetween(from, from + 16))
+            return {Place::NotPlain, from, from};
+        for (unsigned mask = block.words | block.markers; mask; mask &= mask - 1) {
+            const int bit = std::countr_zero(mask);
+            const qsizetype at = from + bit;
+            if ((block.markers >> bit & 1) && markerAt(at))
+                return {Place::Marker, at, from + 16};
+            if ((block.words >> bit & 1) && wordAt(at))
+                return {Place::Word, at, from + 16};
+        }
+        from += 16;
+    }
+#endif
+    for (; from < size; ++from) {
+        if (!file.PlainBetween(from, from + 1))
+            return {Place::NotPlain, from, from};
+        if (markerAt(from))
+            return {Place::Marker, from, from + 1};
+        if (wordAt(from))
+            return {Place::Word, from, from + 1};
+    }
+    return {};
 }
 
 template <typename Line, typename Word> bool wholeWordMatch(Line upperLine, Word word)
@@ -235,7 +455,7 @@ bool SearchTerm::In(const BookScan::Line &line, bool wholeWord) const
         const std::string_view term = view(m_bytes);
         return wholeWord ? wholeWordMatch(folded, term) : findWord(folded, term, 0) >= 0;
     }
-    const QString &upper = line.file.UpperText(line.index);
+    const QString upper = line.upper();
     return wholeWord ? wholeWordMatch(QStringView(upper), QStringView(m_term))
                      : findWord(QStringView(upper), QStringView(m_term), 0) >= 0;
 }
@@ -341,7 +561,8 @@ bool AnyOfWords::In(const BookScan::Line &line, bool wholeWord) const
         return true;
     if (line.ascii())
         return find(FoldedAscii{view(line.bytes())}, wholeWord);
-    return find(QStringView(line.file.UpperText(line.index)), wholeWord);
+    const QString upper = line.upper();
+    return find(QStringView(upper), wholeWord);
 }
 
 void BookScan::run(const clsBible &store)
@@ -355,32 +576,93 @@ void BookScan::run(const clsBible &store)
         const std::shared_ptr<const BookFiles::Bytes> file = BookFiles::bytes(path);
         if (!file)
             throw VbError::fileNotFound(platform::ResolvePath(path));
-        const qsizetype count = file->lines.size();
-
         // The first line is read and passed over; an empty file has none to read.
-        if (count == 0)
+        if (file->bytes.isEmpty())
             throw VbError::inputPastEnd();
-        qsizetype i = 1;
-        while (i < count) {
-            qsizetype at = i++;
-            // Upper case makes no marker of a line: a plain line is a marker when its first seven
-            // bytes are "CHAPTER" in any case.
-            if (isMarker(*file, at)) {
-                chapter = QString::number(ChapterMarker::Number(file->Text(at)));
-                // The line after a marker is read at once, without looking for the end of file.
-                if (i >= count)
-                    throw VbError::inputPastEnd();
-                at = i++;
-            }
-            const Next next = onLine ? onLine(Line{b, chapter, *file, at}) : Next::Line;
-            if (next == Next::Book)
-                break;
-            if (next == Next::Stop)
-                return;
-        }
-        if (afterBook && !afterBook(b))
+        const bool goOn =
+            heldWord.isEmpty() ? readLines(b, *file, chapter, 0) : readPlaces(b, *file, chapter);
+        if (!goOn || (afterBook && !afterBook(b)))
             return;
     }
+}
+
+bool BookScan::readLines(int book, const BookFiles::Bytes &file, QString &chapter,
+                         qsizetype handFrom)
+{
+    const qsizetype count = file.Lines().size();
+    qsizetype i = 1;
+    while (i < count) {
+        qsizetype at = i++;
+        // Upper case makes no marker of a line: a plain line is a marker when its first seven
+        // bytes are "CHAPTER" in any case.
+        if (isMarker(file, at)) {
+            chapter = QString::number(ChapterMarker::Number(file.Text(at)));
+            // The line after a marker is read at once, without looking for the end of file.
+            if (i >= count)
+                throw VbError::inputPastEnd();
+            at = i++;
+        }
+        const BookFiles::Bytes::Span &span = file.Lines().at(at);
+        const Next next = onLine && span.start >= handFrom
+                              ? onLine(Line{book, chapter, file, span, at})
+                              : Next::Line;
+        if (next == Next::Book)
+            break;
+        if (next == Next::Stop)
+            return false;
+    }
+    return true;
+}
+
+bool BookScan::readPlaces(int book, const BookFiles::Bytes &file, QString &chapter)
+{
+    // The same lines, markers and chapters as reading line by line gives, found from the places
+    // where the word stands: the lines between are passed over, except for the chapter markers.
+    // From the first stretch that is not plain, the book is read line by line instead.
+    const QString chapterBefore = chapter;
+    const Needle word(std::string_view(heldWord.constData(), size_t(heldWord.size())));
+    const qsizetype n = file.bytes.size();
+    qsizetype pos = file.PlainNextLine(0);
+    bool afterMarker = false; // the line at pos follows a marker: a verse line, whatever it holds
+    while (pos < n) {
+        const Place next = nextPlace(file, word, pos, afterMarker ? pos : -1);
+        if (next.kind == Place::None)
+            break;
+        qsizetype start = next.at;
+        if (next.kind == Place::Word) {
+            while (start > pos && file.bytes.at(start - 1) != '\n')
+                --start;
+        }
+        const qsizetype after = file.PlainNextLine(start);
+        if (next.kind == Place::NotPlain ||
+            !file.PlainBetween(std::max(start, next.plainTo), after)) {
+            chapter = chapterBefore;
+            return readLines(book, file, chapter, pos);
+        }
+        if (next.kind == Place::Marker) {
+            chapter = QString::number(ChapterMarker::Number(file.Text(file.PlainLineAt(start))));
+            // The line after a marker is read at once, without looking for the end of file.
+            pos = after;
+            if (pos >= n)
+                throw VbError::inputPastEnd();
+            afterMarker = true;
+            continue;
+        }
+        const Next step =
+            onLine ? onLine(Line{book, chapter, file, file.PlainLineAt(start)}) : Next::Line;
+        if (step == Next::Book)
+            break;
+        if (step == Next::Stop)
+            return false;
+        pos = after;
+        afterMarker = false;
+    }
+    return true;
+}
+
+QString BookScan::Line::upper() const
+{
+    return index >= 0 ? file.UpperText(index) : basStrings::UpperCase(text());
 }
 
 QString OverLimitMessage(int limit)

@@ -30,20 +30,20 @@ public:
         int book = 0;
         const QString &chapter; // empty until the first marker is read
         const BookFiles::Bytes &file;
-        qsizetype index = 0; // the line's number in the file, from 0
+        BookFiles::Bytes::Span span;
+        qsizetype index = -1; // the line's number in the file, from 0, where its lines were split
 
         // The line as text, decoded only when asked for.
-        QString text() const { return file.Text(index); }
-        bool ascii() const { return file.lines.at(index).ascii; }
-        bool foldable() const { return file.lines.at(index).foldable; }
+        QString text() const { return file.Text(span); }
+        bool ascii() const { return span.ascii; }
+        bool foldable() const { return span.foldable; }
         // The line's bytes as stored.
         QByteArrayView bytes() const
         {
-            const BookFiles::Bytes::Span &span = file.lines.at(index);
             return QByteArrayView(file.bytes).sliced(span.start, span.length);
         }
         // The line upper-cased as text.
-        QString upper() const { return file.UpperText(index); }
+        QString upper() const;
     };
 
     // Called before each book: false skips it (the file is not opened).
@@ -52,10 +52,23 @@ public:
     std::function<Next(const Line &line)> onLine;
     // Called after each book that was read; says whether to go on to the next book.
     std::function<bool(int book)> afterBook;
+    // A word, upper-cased ASCII, that every line onLine acts on holds (its bytes read as
+    // capitals, as SearchTerm finds it). Then only the lines where it stands are handed over, and
+    // the lines between are passed over but for their chapter markers, in the same pass over the
+    // bytes, as far as the file is plain (BookFiles::Bytes::PlainBetween). Left empty, every line
+    // is handed over.
+    QByteArray heldWord;
 
     // Runs the scan over books 1..BooksCount of the store. Throws VbError when a book file cannot
     // be read (53) or a "CHAPTER" line ends a file (62).
     void run(const clsBible &store);
+
+private:
+    // One book read line by line, the lines before the byte offset handFrom only for their
+    // markers; false when onLine said to stop.
+    bool readLines(int book, const BookFiles::Bytes &file, QString &chapter, qsizetype handFrom);
+    // One book read from one place where the held word stands to the next.
+    bool readPlaces(int book, const BookFiles::Bytes &file, QString &chapter);
 };
 
 // A verse a search found, and the ways it is shown: the window's results, the Search window's
@@ -87,6 +100,8 @@ class SearchTerm
 public:
     explicit SearchTerm(const QString &upperTerm);
     bool In(const BookScan::Line &line, bool wholeWord) const;
+    // The term's bytes when it is ASCII, which a line holding it holds; empty otherwise.
+    QByteArray AsciiBytes() const { return m_ascii ? m_bytes : QByteArray(); }
 
 private:
     QString m_term;

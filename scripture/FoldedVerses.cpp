@@ -288,10 +288,10 @@ std::shared_ptr<const FoldedVerses> FoldedVerses::OfBookFile(const QString &path
 
     auto verses = std::make_shared<FoldedVerses>();
     const qsizetype total = file->bytes.size();
-    verses->verses.reserve(file->lines.size());
-    verses->shownStarts.reserve(file->lines.size() + 1);
-    verses->foldedStarts.reserve(file->lines.size() + 1);
-    verses->strongStarts.reserve(file->lines.size() + 1);
+    verses->verses.reserve(file->Lines().size());
+    verses->shownStarts.reserve(file->Lines().size() + 1);
+    verses->foldedStarts.reserve(file->Lines().size() + 1);
+    verses->strongStarts.reserve(file->Lines().size() + 1);
     Writer shown(verses->shown);
     Writer folded(verses->folded);
     shown.room(total + 1);
@@ -299,8 +299,8 @@ std::shared_ptr<const FoldedVerses> FoldedVerses::OfBookFile(const QString &path
     int chapter = 0;
     bool inChapter = false;
     const char *bytes = file->bytes.constData();
-    for (qsizetype i = 0; i < file->lines.size(); ++i) {
-        const BookFiles::Bytes::Span &span = file->lines.at(i);
+    for (qsizetype i = 0; i < file->Lines().size(); ++i) {
+        const BookFiles::Bytes::Span &span = file->Lines().at(i);
         if (span.length == 0)
             continue;
         const char *line = bytes + span.start;

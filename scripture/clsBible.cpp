@@ -10,7 +10,6 @@
 #include "scripture/basStrings.h"
 #include "scripture/clsSeparation.h"
 
-#include <QDir>
 #include <QHash>
 #include <QList>
 #include <algorithm>
@@ -63,11 +62,11 @@ bool clsBible::loadMap(int testament, int &row)
     // The book files' names as they are on disk, so that a search over all the books does not
     // have to look each one up without regard to case.
     QHash<QString, QString> onDisk;
-    const QStringList files =
-        QDir(platform::ResolvePath(m_testamentFolders[testament]))
-            .entryList({QStringLiteral("*.dat")}, QDir::Files | QDir::CaseSensitive);
-    for (const QString &file : files)
-        onDisk.insert(file.toUpper(), file);
+    for (const QString &file :
+         platform::FileNames(platform::ResolvePath(m_testamentFolders[testament]))) {
+        if (file.endsWith(QStringLiteral(".dat")))
+            onDisk.insert(file.toUpper(), file);
+    }
     for (const QString &line : map->lines) {
         if (BookMap::IsBlank(line))
             continue;

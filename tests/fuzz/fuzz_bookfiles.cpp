@@ -2,13 +2,42 @@
 // crash or hang. The input is split at the first NUL-NUL: map.dat before it, the book file after
 // it.
 #include "FuzzSupport.h"
+#include "platform/VbError.h"
 #include "scripture/AdvancedSearch.h"
 #include "scripture/BookFiles.h"
+#include "scripture/BookScan.h"
 #include "scripture/QuickSearch.h"
 #include "scripture/TranslationCheck.h"
 #include "scripture/clsBible.h"
 
+#include <QStringList>
 #include <cstdint>
+
+namespace {
+
+// The lines holding a word and their chapters, or the error, as a scan sees them: reading every
+// line, or only where the word stands.
+QStringList linesHolding(const clsBible &bible, const QString &word, bool byPlaces)
+{
+    QStringList lines;
+    const SearchTerm term(word);
+    BookScan scan;
+    if (byPlaces)
+        scan.heldWord = word.toLatin1();
+    scan.onLine = [&](const BookScan::Line &line) {
+        if (term.In(line, false))
+            lines << line.chapter + u':' + line.text();
+        return BookScan::Next::Line;
+    };
+    try {
+        scan.run(bible);
+    } catch (const VbError &error) {
+        lines << QString::number(error.number);
+    }
+    return lines;
+}
+
+} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
@@ -36,6 +65,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     bible.Passagebystandard(QStringLiteral("Zed 3:2"));
     for (int b = 1; b <= bible.BooksCount(); ++b)
         bible.passage(bible.BookName(b), 1, 0, 300, 0);
+    for (const QString &word : {QStringLiteral("X"), QStringLiteral("A B"), QStringLiteral("SS")})
+        FUZZ_CHECK(linesHolding(bible, word, true) == linesHolding(bible, word, false));
     QuickSearch search;
     search.run(bible, QStringLiteral("X  a"), true, 5);
     AdvancedSearch advanced;

@@ -2,6 +2,8 @@
 // three titles, and the order and form of the results.
 #include "../support/TranslationFixture.h"
 #include "platform/MsgBoxAnswerer.h"
+#include "platform/VbError.h"
+#include "scripture/BookFiles.h"
 #include "scripture/QuickSearch.h"
 #include "scripture/clsBible.h"
 
@@ -147,6 +149,84 @@ private slots:
         r = quick.run(m_bible, QStringLiteral("   "), false, 2);
         QCOMPARE(r.outcome, QuickSearch::Outcome::Nothing);
         QVERIFY(titles.isEmpty());
+    }
+
+    // Looking only at the lines where a word stands, found in one pass over the bytes, sees the
+    // same lines, chapters and errors as reading every line, whatever the file holds.
+    void placesAgreeWithLines_data()
+    {
+        QTest::addColumn<QByteArray>("genesis");
+        QTest::addColumn<QByteArray>("matthew");
+        QTest::addColumn<QString>("word");
+        const QByteArray plain("T\r\nCHAPTER 9\r\n1 love\r\n");
+        QTest::newRow("markers, a verse after one, words in markers and in the first line")
+            << QByteArray("love title\r\nCHAPTER 1\r\n1 love\r\nCHAPTER 2\r\nCHAPTER 3 love\r\n"
+                          "chapter 4\r\n2 LOVE and Love\r\n3 glove\r\n")
+            << QByteArray("T\r\n1 love before a marker\r\nCHAPTER 9\r\n1 love\r\n") << "LOVE";
+        QTest::newRow("a CR alone starts a line that is a marker")
+            << QByteArray("T\r\nCHAPTER 1\r\n1 love\r\n2 x\rCHAPTER 2\r\n3 love\r\n") << plain
+            << "LOVE";
+        QTest::newRow("a character whose capitals are ASCII letters")
+            << QByteArray("T\nCHAPTER 1\n1 stra\xc3\x9f"
+                          "e\n2 strasse\n")
+            << QByteArray("T\nCHAPTER 1\n1 gro\xdf\n2 GROSS\n") << "STRASSE";
+        QTest::newRow("Windows-1252 apostrophes")
+            << QByteArray("T\r\nCHAPTER 1\r\n1 love\x92s way\r\n2 loves\r\n") << plain << "LOVE";
+        QTest::newRow("a marker on the last line")
+            << QByteArray("T\r\nCHAPTER 1\r\n1 love\r\nCHAPTER 2\r\n") << plain << "LOVE";
+        QTest::newRow("no line break at the end, LF alone")
+            << QByteArray("T\nCHAPTER 7\n1 love") << QByteArray("T\nCHAPTER 1\nlove\n") << "LOVE";
+        QByteArray longBook("T\r\n");
+        for (int c = 1; c <= 20; ++c) {
+            longBook += "CHAPTER " + QByteArray::number(c) + "\r\n";
+            for (int v = 1; v <= 40; ++v)
+                longBook +=
+                    QByteArray::number(v) +
+                    (v % 7 == c % 7 ? " they love it\r\n" : " and the word is elsewhere\r\n");
+        }
+        QTest::newRow("a long book") << longBook << longBook + "41 x\r42 love\r\n"
+                                     << "LOVE";
+        QTest::newRow("a one-letter word") << longBook << plain << "O";
+    }
+    void placesAgreeWithLines()
+    {
+        QFETCH(QByteArray, genesis);
+        QFETCH(QByteArray, matthew);
+        QFETCH(QString, word);
+        QTemporaryDir dir;
+        makeTranslation(dir.path(), QStringLiteral("P"),
+                        {{QStringLiteral("Genesis"), false, {}, 50},
+                         {QStringLiteral("Matthew"), true, {}, 28}});
+        writeFile(dir.path() + QStringLiteral("/P/oldtest/GENESIS.dat"), genesis);
+        writeFile(dir.path() + QStringLiteral("/P/newtest/MATTHEW.dat"), matthew);
+        clsBible bible;
+        bible.setVersionPath(dir.path() + QStringLiteral("/P"));
+        const SearchTerm term(word);
+        const auto seen = [&](bool byPlaces) {
+            QStringList lines;
+            BookScan scan;
+            if (byPlaces)
+                scan.heldWord = word.toLatin1();
+            scan.onLine = [&](const BookScan::Line &line) {
+                if (term.In(line, false))
+                    lines
+                        << QStringLiteral("%1 %2:%3").arg(line.book).arg(line.chapter, line.text());
+                return BookScan::Next::Line;
+            };
+            try {
+                scan.run(bible);
+            } catch (const VbError &error) {
+                lines << QStringLiteral("error %1").arg(error.number);
+            }
+            return lines;
+        };
+        for (const bool onePass : {false, true}) {
+            BookFiles::setOnePass(onePass);
+            const QStringList everyLine = seen(false);
+            QVERIFY(!everyLine.isEmpty());
+            QCOMPARE(seen(true), everyLine);
+        }
+        BookFiles::setOnePass(false);
     }
 
     void failures()

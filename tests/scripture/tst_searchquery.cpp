@@ -213,7 +213,7 @@ private slots:
         const QString book = dir.path() + QStringLiteral("/BIG/oldtest/GENESIS.dat");
         const std::shared_ptr<const BookFiles::Bytes> held = BookFiles::bytes(book);
         QVERIFY(held);
-        QCOMPARE(held->lines.size(), 2001);
+        QCOMPARE(held->Lines().size(), 2001);
         QuerySearch::Options options;
         options.translations = {dir.path() + QStringLiteral("/BIG")};
         QuerySearch search;
@@ -227,7 +227,7 @@ private slots:
         file.close();
         // Whatever the held copy shows now, reading all of it is safe.
         qsizetype characters = 0;
-        for (qsizetype i = 0; i < held->lines.size(); ++i)
+        for (qsizetype i = 0; i < held->Lines().size(); ++i)
             characters += held->Text(i).size();
         QVERIFY(characters > 0);
         QCOMPARE(search.run(query, options).found, 0);

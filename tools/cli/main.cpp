@@ -13,6 +13,7 @@
 #include "platform/MsgBox.h"
 #include "platform/TextCodec.h"
 #include "scripture/AdvancedSearch.h"
+#include "scripture/BookFiles.h"
 #include "scripture/CommentaryStore.h"
 #include "scripture/NotesStore.h"
 #include "scripture/PassageFormatter.h"
@@ -31,6 +32,8 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QStringList>
+#include <cstdio>
+#include <cstdlib>
 #include <memory>
 
 #include <optional>
@@ -319,12 +322,8 @@ int strongCommand(const QString &folder, const QStringList &args)
     return usage();
 }
 
-} // namespace
-
-int main(int argc, char **argv)
+int runCommand(QStringList args)
 {
-    QCoreApplication app(argc, argv);
-    QStringList args = app.arguments().mid(1);
     QString dirOption;
     QString translation;
     while (!args.isEmpty() && args.first().startsWith(QStringLiteral("--"))) {
@@ -441,4 +440,19 @@ int main(int argc, char **argv)
     if (!fetched.found())
         return bookNotFound(args.first());
     return Ok;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QCoreApplication app(argc, argv);
+    // A command reads the book files it searches once: keeping or mapping them gains nothing.
+    BookFiles::setOnePass(true);
+    const int status = runCommand(app.arguments().mid(1));
+    // Once the output is out, the process ends at once: the system takes back its memory and
+    // files faster than freeing them piece by piece would.
+    std::fflush(stdout);
+    std::fflush(stderr);
+    std::_Exit(status);
 }

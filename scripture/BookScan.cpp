@@ -623,6 +623,9 @@ bool BookScan::readPlaces(int book, const BookFiles::Bytes &file, QString &chapt
     const Needle word(std::string_view(heldWord.constData(), size_t(heldWord.size())));
     const qsizetype n = file.bytes.size();
     qsizetype pos = file.PlainNextLine(0);
+    // The first line is passed over, but only when it is plain is it the whole of it.
+    if (!file.PlainBetween(0, pos))
+        return readLines(book, file, chapter, 0);
     bool afterMarker = false; // the line at pos follows a marker: a verse line, whatever it holds
     while (pos < n) {
         const Place next = nextPlace(file, word, pos, afterMarker ? pos : -1);

@@ -166,6 +166,8 @@ private slots:
         QTest::newRow("a CR alone starts a line that is a marker")
             << QByteArray("T\r\nCHAPTER 1\r\n1 love\r\n2 x\rCHAPTER 2\r\n3 love\r\n") << plain
             << "LOVE";
+        QTest::newRow("CRs alone and no line feed")
+            << QByteArray("T\rCHAPTER 1\r1 love\r2 x") << plain << "LOVE";
         QTest::newRow("a character whose capitals are ASCII letters")
             << QByteArray("T\nCHAPTER 1\n1 stra\xc3\x9f"
                           "e\n2 strasse\n")

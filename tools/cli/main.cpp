@@ -442,14 +442,34 @@ int runCommand(QStringList args)
     return Ok;
 }
 
+// Whether the command line or the environment names the program folder. Only the folder of this
+// program, the default, needs an application object: without one a command starts without the
+// locale and event loop it never uses.
+bool folderGiven(const QStringList &args)
+{
+    if (!qEnvironmentVariableIsEmpty("QUILLSTONE_DIR"))
+        return true;
+    for (qsizetype i = 0; i + 1 < args.size() && args.at(i).startsWith(QStringLiteral("--"));
+         i += 2) {
+        if (args.at(i) == u"--dir" && !args.at(i + 1).isEmpty())
+            return true;
+    }
+    return false;
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
-    QCoreApplication app(argc, argv);
+    QStringList args;
+    for (int i = 1; i < argc; ++i)
+        args.append(QString::fromLocal8Bit(argv[i]));
+    std::optional<QCoreApplication> app;
+    if (!folderGiven(args))
+        app.emplace(argc, argv);
     // A command reads the book files it searches once: keeping or mapping them gains nothing.
     BookFiles::setOnePass(true);
-    const int status = runCommand(app.arguments().mid(1));
+    const int status = runCommand(args);
     // Once the output is out, the process ends at once: the system takes back its memory and
     // files faster than freeing them piece by piece would.
     std::fflush(stdout);

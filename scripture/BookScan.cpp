@@ -627,6 +627,13 @@ bool BookScan::readPlaces(int book, const BookFiles::Bytes &file, QString &chapt
     if (!file.PlainBetween(0, pos))
         return readLines(book, file, chapter, 0);
     bool afterMarker = false; // the line at pos follows a marker: a verse line, whatever it holds
+    // The latest marker's line, its number read only when a line or the next book needs it.
+    qsizetype marker = -1;
+    const auto readChapter = [&] {
+        if (marker >= 0)
+            chapter = QString::number(ChapterMarker::Number(file.Text(file.PlainLineAt(marker))));
+        marker = -1;
+    };
     while (pos < n) {
         const Place next = nextPlace(file, word, pos, afterMarker ? pos : -1);
         if (next.kind == Place::None)
@@ -643,7 +650,7 @@ bool BookScan::readPlaces(int book, const BookFiles::Bytes &file, QString &chapt
             return readLines(book, file, chapter, pos);
         }
         if (next.kind == Place::Marker) {
-            chapter = QString::number(ChapterMarker::Number(file.Text(file.PlainLineAt(start))));
+            marker = start;
             // The line after a marker is read at once, without looking for the end of file.
             pos = after;
             if (pos >= n)
@@ -651,6 +658,7 @@ bool BookScan::readPlaces(int book, const BookFiles::Bytes &file, QString &chapt
             afterMarker = true;
             continue;
         }
+        readChapter();
         const Next step =
             onLine ? onLine(Line{book, chapter, file, file.PlainLineAt(start)}) : Next::Line;
         if (step == Next::Book)
@@ -660,6 +668,7 @@ bool BookScan::readPlaces(int book, const BookFiles::Bytes &file, QString &chapt
         pos = after;
         afterMarker = false;
     }
+    readChapter();
     return true;
 }
 

@@ -184,22 +184,39 @@ struct CharInBlock
 };
 #endif
 
+// An upper-cased ASCII word as it is looked for in plain ASCII read as capitals, with the places
+// of its rarest pair, found once for all the lines it is looked for in.
+struct Needle
+{
+    explicit Needle(std::string_view w) : word(w) { std::tie(one, two) = rarestPair(word); }
+    Needle(std::string_view w, std::pair<qsizetype, qsizetype> pair)
+        : word(w), one(pair.first), two(pair.second)
+    {
+    }
+    qsizetype size() const { return qsizetype(word.size()); }
+    std::string_view word;
+    qsizetype one = 0;
+    qsizetype two = 0;
+};
+
 // Plain ASCII read as capitals (a line, or a whole file): sixteen places at a time, those where
 // the word's two rarest characters stand at their distance are compared in full. Searching for
 // the rarest character alone stops at every one of them, in both cases; the pair seldom stands
 // at the right distance, so the text is read about once.
-qsizetype findWord(FoldedAscii line, std::string_view word, qsizetype from)
+qsizetype findWord(FoldedAscii line, const Needle &needle, qsizetype from)
 {
+    const std::string_view word = needle.word;
     const qsizetype size = line.size();
-    const qsizetype n = qsizetype(word.size());
+    const qsizetype n = needle.size();
     if (n == 0)
         return from <= size ? from : -1;
     if (n > size - from)
         return -1;
     const qsizetype last = size - n;
     const char *text = line.raw.data();
-    const auto [one, two] = rarestPair(word);
+    const qsizetype one = needle.one;
 #ifdef __SSE2__
+    const qsizetype two = needle.two;
     const CharInBlock first(word[size_t(one)]);
     const CharInBlock second(word[size_t(two)]);
     for (; from + 16 <= last + 1; from += 16) {
@@ -234,15 +251,6 @@ struct Place
     Kind kind = None;
     qsizetype at = -1;
     qsizetype plainTo = 0; // the bytes before it are plain
-};
-
-// A word as a scan by places looks for it, with the places of its rarest pair.
-struct Needle
-{
-    explicit Needle(std::string_view w) : word(w) { std::tie(one, two) = rarestPair(word); }
-    std::string_view word;
-    qsizetype one = 0;
-    qsizetype two = 0;
 };
 
 #ifdef __SSE2__
@@ -438,8 +446,10 @@ SearchTerm::SearchTerm(const QString &upperTerm) : m_term(upperTerm)
 {
     for (const QChar c : upperTerm)
         m_ascii = m_ascii && c.unicode() < 0x80;
-    if (m_ascii)
+    if (m_ascii) {
         m_bytes = upperTerm.toLatin1();
+        m_pair = rarestPair(view(m_bytes));
+    }
 }
 
 bool SearchTerm::In(const BookScan::Line &line, bool wholeWord) const
@@ -452,7 +462,7 @@ bool SearchTerm::In(const BookScan::Line &line, bool wholeWord) const
     // takes several bytes.
     if (m_ascii && (line.ascii() || (line.foldable() && !(wholeWord && m_bytes.isEmpty())))) {
         const FoldedAscii folded{view(line.bytes())};
-        const std::string_view term = view(m_bytes);
+        const Needle term(view(m_bytes), m_pair);
         return wholeWord ? wholeWordMatch(folded, term) : findWord(folded, term, 0) >= 0;
     }
     const QString upper = line.upper();

@@ -7,6 +7,7 @@
 #include <QStringList>
 #include <functional>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 class clsBible;
@@ -107,6 +108,7 @@ private:
     QString m_term;
     QByteArray m_bytes;
     bool m_ascii = true;
+    std::pair<qsizetype, qsizetype> m_pair; // the places of its two rarest characters
 };
 
 // Whether any of many words (upper-cased) is in a line, as SearchTerm would say of each of them,

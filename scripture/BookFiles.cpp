@@ -291,7 +291,10 @@ std::optional<QByteArray> readPooled(const QString &path, std::shared_ptr<const 
     }
     const auto size = qsizetype(info.st_size);
     if (!pool || pool.use_count() > 1 || poolSize < size) {
-        poolSize = std::max<qsizetype>(size, 1 << 20);
+        // Room for the next few files too, which are mostly smaller; a buffer still held (by a
+        // search that keeps what it read) is left to its holder.
+        constexpr qsizetype kStep = 256 * 1024;
+        poolSize = (size / kStep + 1) * kStep;
         pool = std::shared_ptr<char[]>(new char[size_t(poolSize)]);
     }
     // A file that shrinks meanwhile is taken as far as it goes.

@@ -72,6 +72,12 @@ AdvancedSearch::Result AdvancedSearch::run(const clsBible &store, const Options 
     QString bookName;
     try {
         BookScan scan;
+        // A listed line holds the phrase, or every word: only the lines holding it, or one of
+        // them, are looked at. Any word of several names no word every line must hold.
+        if (result.mode == Mode::ExactPhrase)
+            scan.heldWord = phrase.AsciiBytes();
+        else if (result.mode == Mode::AllWords)
+            scan.heldWord = SearchTerm::HeldByEvery(words);
         scan.beforeBook = [&](int b) {
             // Once stopped, the books left are passed over unopened.
             if (result.stopped)

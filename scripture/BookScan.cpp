@@ -452,6 +452,16 @@ SearchTerm::SearchTerm(const QString &upperTerm) : m_term(upperTerm)
     }
 }
 
+QByteArray SearchTerm::HeldByEvery(const QList<SearchTerm> &terms)
+{
+    QByteArray held;
+    for (const SearchTerm &term : terms) {
+        if (term.AsciiBytes().size() > held.size())
+            held = term.AsciiBytes();
+    }
+    return held;
+}
+
 bool SearchTerm::In(const BookScan::Line &line, bool wholeWord) const
 {
     // An ASCII line's capitals are all ASCII: a word that is not is never in it.

@@ -103,6 +103,9 @@ public:
     bool In(const BookScan::Line &line, bool wholeWord) const;
     // The term's bytes when it is ASCII, which a line holding it holds; empty otherwise.
     QByteArray AsciiBytes() const { return m_ascii ? m_bytes : QByteArray(); }
+    // Of terms a line must hold all of, the one to tell a scan of (BookScan::heldWord): the
+    // longest written in ASCII, likely the rarest; empty when none is.
+    static QByteArray HeldByEvery(const QList<SearchTerm> &terms);
 
 private:
     QString m_term;

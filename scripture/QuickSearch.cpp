@@ -34,20 +34,14 @@ QuickSearch::Result QuickSearch::run(const clsBible &store, const QString &query
     QList<SearchTerm> keywords;
     for (const QString &keyword : std::as_const(once))
         keywords.append(SearchTerm(keyword));
-    // A line holds every keyword, so the lines worth a look are those holding one of them: the
-    // longest written in ASCII, likely the rarest.
-    QByteArray held;
-    for (const SearchTerm &keyword : std::as_const(keywords)) {
-        if (keyword.AsciiBytes().size() > held.size())
-            held = keyword.AsciiBytes();
-    }
 
     setTitle(QString());
     const int books = store.BooksCount();
     QString bookName;
     try {
         BookScan scan;
-        scan.heldWord = held;
+        // A listed line holds every keyword: only the lines holding one of them are looked at.
+        scan.heldWord = SearchTerm::HeldByEvery(keywords);
         scan.beforeBook = [&](int b) {
             bookName = store.BookName(b);
             setTitle(QStringLiteral("Searching: ") + store.BookName(b) + QStringLiteral("..."));

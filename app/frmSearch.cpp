@@ -391,6 +391,19 @@ frmSearch::Outcome frmSearch::runWords(const QStringList &folders,
             other.setSeparator(m_main.Bible().Separator());
         }
         const clsBible &store = t == 0 ? m_main.Bible() : other;
+        if (rounds > 1)
+            numberings.append(VerseNumbering::ForTranslation(store));
+        // The books ticked in the open translation's list are found in another one by what they
+        // are, not by their place in its list.
+        AdvancedSearch::Options own = options;
+        if (t > 0) {
+            own.books = QList<bool>(store.BooksCount(), false);
+            for (int b = 1; b <= options.books.size(); ++b) {
+                const int same = numberings.first().SameBookIn(numberings.last(), b);
+                if (options.books.at(b - 1) && same >= 1 && same <= own.books.size())
+                    own.books[same - 1] = true;
+            }
+        }
         AdvancedSearch search;
         search.onProgress = [this, &onlyHere, offset = t * books](int book, int) {
             picProgress->setValue(offset + book);
@@ -400,15 +413,13 @@ frmSearch::Outcome frmSearch::runWords(const QStringList &folders,
             platform::MsgBox(message, vb::vbCritical | vb::vbOKOnly);
         };
         search.stopRequested = [this] { return m_stopRequested; };
-        const AdvancedSearch::Result result = search.run(store, options);
+        const AdvancedSearch::Result result = search.run(store, own);
         if (!result.failureMessage.isEmpty() && outcome.failure.isEmpty())
             outcome.failure = rounds > 1
                                   ? folders.at(t) + QStringLiteral(": ") + result.failureMessage
                                   : result.failureMessage;
         outcome.stopped = result.stopped;
         perTranslation.append(FoundVerses::FromHits(result.hits, store, folders.at(t)));
-        if (rounds > 1)
-            numberings.append(VerseNumbering::ForTranslation(store));
         if (t > 0)
             continue;
         // The open translation's search says which mode ran, and so what to mark.

@@ -109,11 +109,7 @@ QuerySearch::Result QuerySearch::run(const SearchQuery &query, const Options &op
     int total = 0;
     for (Translation &t : translations) {
         for (const int b : std::as_const(chosen)) {
-            int own = b;
-            if (&t != &first) {
-                const QString osis = first.numbering.OsisOfBook(b);
-                own = osis.isEmpty() ? b : t.numbering.BookOfOsis(osis);
-            }
+            const int own = &t == &first ? b : first.numbering.SameBookIn(t.numbering, b);
             if (own >= 1 && own <= t.store->BooksCount())
                 t.books.append(own);
         }

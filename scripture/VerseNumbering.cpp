@@ -229,6 +229,12 @@ int VerseNumbering::BookOfOsis(const QString &osisId) const
     return int(m_books.indexOf(osisId)) + 1;
 }
 
+int VerseNumbering::SameBookIn(const VerseNumbering &other, int bookNumber) const
+{
+    const QString osis = OsisOfBook(bookNumber);
+    return osis.isEmpty() ? bookNumber : other.BookOfOsis(osis);
+}
+
 VerseSpan VerseNumbering::ToKjv(const VerseId &verse) const
 {
     return m_toKjv.value(verse.text(), VerseSpan{verse, verse});

@@ -73,6 +73,10 @@ public:
     // The OSIS id of a book number (empty when out of range), and back (0 when absent).
     QString OsisOfBook(int bookNumber) const;
     int BookOfOsis(const QString &osisId) const;
+    // The number among another translation's books of one of this translation's books, found by
+    // what the book is: its own number where this numbering names it not, 0 where the other
+    // translation lacks it.
+    int SameBookIn(const VerseNumbering &other, int bookNumber) const;
 
     // Where a verse of this translation is in the KJV, and a KJV verse here; a verse without an
     // entry keeps its numbers.

@@ -268,6 +268,43 @@ private slots:
         QCOMPARE(answers.count(), 0);
     }
 
+    // A book ticked in the open translation's list is searched in another translation by what it
+    // is: Genesis there, though that translation lists Exodus first.
+    void otherTranslationsSearchTheTickedBooks()
+    {
+        QTemporaryDir dir;
+        makeTranslation(
+            dir.path(), QStringLiteral("KJV"),
+            wholeBible(
+                {{QStringLiteral("Genesis"), false, {"Genesis", "CHAPTER 1", "1 God is love"}}}));
+        makeTranslation(
+            dir.path(), QStringLiteral("ODD"),
+            {{QStringLiteral("Exodus"), false, {"Exodus", "CHAPTER 1", "1 love of God in Exodus"}},
+             {QStringLiteral("Genesis"), false, {"Genesis", "CHAPTER 1", "1 God is love too"}},
+             {QStringLiteral("John"), true, {"John", "CHAPTER 1", "1 God so loved"}}},
+            QStringLiteral("Odd Version"));
+        writeFile(dir.filePath(QStringLiteral("bookmarks.dat")), "");
+        writeFile(dir.filePath(QStringLiteral("window.ini")),
+                  "[]\r\nrememberwindowsetting=0\r\n[load]\r\nautoload=0\r\n[verseofday]\r\n"
+                  "show=0\r\n");
+        ProgramHarness program(dir.path());
+        QVERIFY(program.start(QStringLiteral("KJV")));
+        frmSearch *window = open(program);
+        control<QListWidget>(window, "lstTranslations")->item(0)->setCheckState(Qt::Checked);
+        control<QCheckBox>(window, "chkOldTestament")->click();
+        control<QCheckBox>(window, "chkNewTestament")->click();
+        auto *books = control<QListWidget>(window, "lstBooks");
+        QTest::mouseClick(books->viewport(), Qt::LeftButton, {},
+                          books->visualItemRect(books->item(0)).center());
+        QCOMPARE(books->selectedItems().size(), 1);
+        for (const char *mode : {"optAllWords", "optQuery"}) {
+            control<QRadioButton>(window, mode)->click();
+            search(window, QStringLiteral("god love"));
+            QCOMPARE(shown(window), (QStringList{"Genesis 1:1", "Genesis 1:1"}));
+            QCOMPARE(control<QLabel>(window, "lbltitle")->text(), QStringLiteral("2 Matches"));
+        }
+    }
+
     // Stop, clicked while the search lets the window take clicks, ends the scan before the next
     // book is read: nothing of the books after is listed.
     void stopEndsTheScan()

@@ -226,6 +226,12 @@ void frmSearch::closeEvent(QCloseEvent *event)
     for (int i = 0; i < lstBooks->count(); ++i)
         books += lstBooks->item(i)->isSelected() ? u'1' : u'0';
     WindowSettings::Set(WindowSettings::SearchBooks, books);
+    QStringList ticked;
+    for (int i = 0; i < lstTranslations->count(); ++i) {
+        if (lstTranslations->item(i)->checkState() == Qt::Checked)
+            ticked.append(lstTranslations->item(i)->data(Qt::UserRole).toString());
+    }
+    WindowSettings::Set(WindowSettings::SearchTranslations, ticked.join(u','));
     QWidget::closeEvent(event);
 }
 
@@ -273,6 +279,9 @@ QString frmSearch::openFolder() const
 void frmSearch::listTranslations()
 {
     const QString open = openFolder();
+    // Those ticked when the window last closed are ticked again.
+    const QStringList ticked =
+        WindowSettings::Get(WindowSettings::SearchTranslations).split(u',', Qt::SkipEmptyParts);
     for (const InstalledTranslation &translation :
          TranslationList::List(ProgramSettings::instance().programFolder())) {
         if (translation.folder.compare(open, Qt::CaseInsensitive) == 0)
@@ -281,7 +290,8 @@ void frmSearch::listTranslations()
                                          translation.displayName);
         item->setData(Qt::UserRole, translation.folder);
         item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsUserCheckable);
-        item->setCheckState(Qt::Unchecked);
+        item->setCheckState(
+            ticked.contains(translation.folder, Qt::CaseInsensitive) ? Qt::Checked : Qt::Unchecked);
         lstTranslations->addItem(item);
     }
     lstTranslations->setEnabled(lstTranslations->count() > 0);

@@ -57,6 +57,8 @@ inline constexpr Text Opening{u"load", u"opening"};
 inline constexpr Number VerseOfDay{u"verseofday", u"show", -1};
 // One "1" or "0" a book, in book order.
 inline constexpr Text SearchBooks{u"search", u"books"};
+// The translations ticked to be searched beside the open one: folder names, separated by commas.
+inline constexpr Text SearchTranslations{u"search", u"translations"};
 inline constexpr Flag LexiconHighlight{u"strong", u"highlightword", false};
 // Print margins in millimetres, and the last PDF file written.
 inline constexpr Number PrintTop{u"print", u"top", 20};

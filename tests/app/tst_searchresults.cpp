@@ -305,6 +305,28 @@ private slots:
         }
     }
 
+    // The translations ticked beside the open one are ticked again in the next session.
+    void tickedTranslationsAreKept()
+    {
+        for (const bool tick : {true, false}) {
+            {
+                ProgramHarness program(m_dir.path());
+                QVERIFY(program.start(QStringLiteral("KJV")));
+                frmSearch *window = open(program);
+                control<QListWidget>(window, "lstTranslations")
+                    ->item(0)
+                    ->setCheckState(tick ? Qt::Checked : Qt::Unchecked);
+                window->close();
+            }
+            QVERIFY(readFile(m_dir.filePath(QStringLiteral("window.ini")))
+                        .contains(tick ? "translations=ASV\r\n" : "translations=\r\n"));
+            ProgramHarness program(m_dir.path());
+            QVERIFY(program.start(QStringLiteral("KJV")));
+            QCOMPARE(control<QListWidget>(open(program), "lstTranslations")->item(0)->checkState(),
+                     tick ? Qt::Checked : Qt::Unchecked);
+        }
+    }
+
     // Stop, clicked while the search lets the window take clicks, ends the scan before the next
     // book is read: nothing of the books after is listed.
     void stopEndsTheScan()

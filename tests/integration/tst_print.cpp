@@ -29,6 +29,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <utility>
 
 namespace {
 
@@ -275,12 +276,12 @@ private slots:
         QVERIFY(QTest::qWaitForWindowExposed(&dialog));
         auto *from = dialog.findChild<QSpinBox *>(QStringLiteral("spnFrom"));
         auto *to = dialog.findChild<QSpinBox *>(QStringLiteral("spnTo"));
-        QCOMPARE(QPair(from->value(), to->value()), QPair(1, printed));
+        QCOMPARE(std::pair(from->value(), to->value()), std::pair(1, printed));
         from->setValue(2);
         to->setValue(2);
         QTest::mouseClick(dialog.findChild<QRadioButton *>(QStringLiteral("optAll")),
                           Qt::LeftButton);
-        QCOMPARE(QPair(from->value(), to->value()), QPair(1, printed));
+        QCOMPARE(std::pair(from->value(), to->value()), std::pair(1, printed));
 
         int previewed = -1;
         QTimer::singleShot(0, this, [&] {

@@ -188,7 +188,9 @@ void foldInto(QStringView text, Writer &out, QList<qsizetype> *from)
             }
             found = decomposed.insert(c, kept);
         }
-        out.room(found->size() + 1);
+        // A character may fold into several ("ﬃ" into "FFI"): the room made covers them and all
+        // the text still to come.
+        out.room(found->size() + text.size() - i);
         for (const QChar p : *found) {
             out.put(p.unicode());
             if (from)

@@ -75,6 +75,12 @@ private slots:
         QTest::newRow("apostrophe splits a word") << "lord"
                                                   << "1 the LORD'S house" << true;
         QTest::newRow("only exclusions") << "-satan" << john << true;
+        // Each "ﬃ" folds into three letters: the text after them is still folded whole.
+        QTest::newRow("ligatures before a long text")
+            << "lifted"
+            << QStringLiteral("1 ") + QString(300, QChar(0xFB03)) + u' ' + QString(300, u'a') +
+                   QStringLiteral(" lifted")
+            << true;
     }
 
     void elements()

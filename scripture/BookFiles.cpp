@@ -5,7 +5,6 @@
 
 #include <QFile>
 #include <QHash>
-#include <algorithm>
 #include <bit>
 #include <cerrno>
 #include <cstdint>
@@ -251,20 +250,42 @@ std::optional<QByteArray> mapFile(int fd, qsizetype size, std::shared_ptr<const 
 }
 #endif
 
+#ifdef Q_OS_UNIX
+// A book file opened for reading, with its size; fd is kCannotOpen when it cannot be opened and
+// kNotRegular when it is no regular file (a folder, a device), which is closed again.
+constexpr int kCannotOpen = -1;
+constexpr int kNotRegular = -2;
+struct OpenFile
+{
+    int fd = kCannotOpen;
+    qsizetype size = 0;
+};
+
+OpenFile openRegular(const QString &path)
+{
+    const int fd = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0)
+        return {};
+    struct stat info;
+    if (::fstat(fd, &info) != 0 || !S_ISREG(info.st_mode)) {
+        ::close(fd);
+        return {kNotRegular};
+    }
+    return {fd, qsizetype(info.st_size)};
+}
+#endif
+
 // The whole file, mapped where that is worth it, else read.
 std::optional<QByteArray> readWhole(const QString &path, std::shared_ptr<const void> &mapping)
 {
 #ifdef Q_OS_UNIX
-    const int fd = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
-    if (fd < 0)
+    const OpenFile file = openRegular(path);
+    if (file.fd == kCannotOpen)
         return platform::ReadFileBytes(path);
-    struct stat info;
-    if (::fstat(fd, &info) != 0 || !S_ISREG(info.st_mode)) {
-        ::close(fd);
+    if (file.fd < 0)
         return std::nullopt;
-    }
-    std::optional<QByteArray> mapped = mapFile(fd, qsizetype(info.st_size), mapping);
-    ::close(fd);
+    std::optional<QByteArray> mapped = mapFile(file.fd, file.size, mapping);
+    ::close(file.fd);
     // A small file, or one that cannot be mapped, is read as every other file is.
     return mapped ? mapped : platform::ReadFileBytes(path);
 #else
@@ -281,15 +302,11 @@ std::optional<QByteArray> readPooled(const QString &path, std::shared_ptr<const 
 {
     static std::shared_ptr<char[]> pool;
     static qsizetype poolSize = 0;
-    const int fd = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
-    if (fd < 0)
+    const OpenFile file = openRegular(path);
+    if (file.fd < 0)
         return std::nullopt;
-    struct stat info;
-    if (::fstat(fd, &info) != 0 || !S_ISREG(info.st_mode)) {
-        ::close(fd);
-        return std::nullopt;
-    }
-    const auto size = qsizetype(info.st_size);
+    const int fd = file.fd;
+    const qsizetype size = file.size;
     if (!pool || pool.use_count() > 1 || poolSize < size) {
         // Room for the next few files too, which are mostly smaller; a buffer still held (by a
         // search that keeps what it read) is left to its holder.
